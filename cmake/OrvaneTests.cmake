@@ -1,0 +1,27 @@
+# GoogleTest from the system's sources, so that one copy serves the native and the Windows build.
+include(GoogleTest)
+set(INSTALL_GTEST OFF)
+set(gtest_force_shared_crt ON)
+add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+if(ORVANE_SANITIZE)
+  foreach(library gtest gmock gtest_main gmock_main)
+    target_compile_options(${library} PRIVATE -fsanitize=address,undefined)
+  endforeach()
+endif()
+
+# orvane_test(<name> SOURCES ... [LINKS ...] [PROPERTIES ...])
+#
+# A test program. Every test in it is a test of ctest, named "native." or "windows." and its own name, so
+# that one run of ctest can hold both builds. PROPERTIES are ctest's (RESOURCE_LOCK pipe, TIMEOUT 300, ...).
+function(orvane_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PROPERTIES" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} tests-support gtest gtest_main gmock orvane-options)
+  if(WIN32)
+    set(prefix windows.)
+  else()
+    set(prefix native.)
+  endif()
+  gtest_discover_tests(${name} TEST_PREFIX ${prefix} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+                       PROPERTIES TIMEOUT 120 ${ARG_PROPERTIES})
+endfunction()

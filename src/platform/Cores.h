@@ -1,0 +1,9 @@
+// How many processor cores the machine has, to size units of work.
+#pragma once
+
+namespace orvane::platform {
+
+// Physical cores, at least 1; 0 if the system would not tell. One file for each platform.
+[[nodiscard]] unsigned ProcessorCores();
+
+} // namespace orvane::platform
