@@ -1,0 +1,163 @@
+// How long a pulse takes from the player's write to the reply in its hands, beside a bare echo server of the
+// same pipe settings. A Windows program: it starts the host, and itself once more as the echo.
+//
+//   bench-pulse [ROUNDS [PULSES]]      at least 5 rounds of 20,000 by default, host and echo in turn
+//
+// A pulse is a 2062-byte 'PULS', its reply 4 bytes; no visualizer is current. Both peers are asked by the
+// same code, and a wrong reply ends the run.
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr wchar_t kHostPipe[] = LR"(\\.\pipe\Visualizer)";
+constexpr wchar_t kEchoPipe[] = LR"(\\.\pipe\OrvaneBenchEcho)";
+constexpr DWORD kBufferSize = 0x100000;
+constexpr DWORD kPulseSize = 2062;
+constexpr DWORD kReplySize = 4;
+constexpr int kWarmUp = 2000;
+
+// The echo: the pipe as the host makes it, one overlapped operation at a time, and nothing else.
+int ServeEcho() {
+    const HANDLE pipe = CreateNamedPipeW(kEchoPipe, PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED,
+                                         PIPE_TYPE_MESSAGE | PIPE_READMODE_MESSAGE, PIPE_UNLIMITED_INSTANCES,
+                                         kBufferSize, kBufferSize, 0, nullptr);
+    OVERLAPPED overlapped = {};
+    overlapped.hEvent = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    if (!ConnectNamedPipe(pipe, &overlapped) && GetLastError() == ERROR_IO_PENDING)
+        WaitForSingleObject(overlapped.hEvent, INFINITE);
+    static std::array<char, kBufferSize> buffer;
+    const auto finish = [&](BOOL done, DWORD& bytes) {
+        return done ||
+               (GetLastError() == ERROR_IO_PENDING && GetOverlappedResult(pipe, &overlapped, &bytes, TRUE));
+    };
+    for (;;) {
+        DWORD bytes = 0;
+        if (!finish(ReadFile(pipe, buffer.data(), kBufferSize, &bytes, &overlapped), bytes)) return 0;
+        std::memset(buffer.data(), 0, kReplySize);
+        if (!finish(WriteFile(pipe, buffer.data(), kReplySize, &bytes, &overlapped), bytes)) return 0;
+    }
+}
+
+class Peer {
+public:
+    Peer(const char* name, std::wstring commandLine, const wchar_t* pipeName)
+        : mName(name) {
+        STARTUPINFOW startup = {};
+        startup.cb = sizeof(startup);
+        CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                       &mProcess);
+        for (int tries = 0; tries < 1000 && mPipe == INVALID_HANDLE_VALUE; ++tries) {
+            mPipe =
+                CreateFileW(pipeName, GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+            if (mPipe == INVALID_HANDLE_VALUE) Sleep(10);
+        }
+        DWORD mode = PIPE_READMODE_MESSAGE;
+        SetNamedPipeHandleState(mPipe, &mode, nullptr, nullptr);
+    }
+
+    ~Peer() {
+        CloseHandle(mPipe);
+        TerminateProcess(mProcess.hProcess, 0);
+        CloseHandle(mProcess.hProcess);
+        CloseHandle(mProcess.hThread);
+    }
+
+    Peer(const Peer&) = delete;
+    Peer& operator=(const Peer&) = delete;
+
+    // One pulse; the time in microseconds, or nothing if the reply is wrong.
+    [[nodiscard]] std::optional<double> Pulse() const {
+        static const std::vector<char> request = [] {
+            std::vector<char> bytes(kPulseSize, 0x7F);
+            std::memcpy(bytes.data(), "PULS", 4);
+            return bytes;
+        }();
+        char reply[16] = { 1, 1, 1, 1 };
+        DWORD written = 0, got = 0;
+        LARGE_INTEGER start, end, frequency;
+        QueryPerformanceCounter(&start);
+        const bool done = WriteFile(mPipe, request.data(), kPulseSize, &written, nullptr) &&
+                          ReadFile(mPipe, reply, sizeof(reply), &got, nullptr);
+        QueryPerformanceCounter(&end);
+        QueryPerformanceFrequency(&frequency);
+        if (!done || got != kReplySize || std::memcmp(reply, "\0\0\0\0", kReplySize) != 0)
+            return std::nullopt;
+        return double(end.QuadPart - start.QuadPart) * 1e6 / double(frequency.QuadPart);
+    }
+
+    const char* mName;
+    std::vector<double> mMedians, mNinetyNinths;
+
+private:
+    PROCESS_INFORMATION mProcess = {};
+    HANDLE mPipe = INVALID_HANDLE_VALUE;
+};
+
+bool RunRound(Peer& peer, int pulses) {
+    std::vector<double> times;
+    times.reserve(std::size_t(pulses));
+    for (int i = 0; i < pulses; ++i) {
+        const auto time = peer.Pulse();
+        if (!time) {
+            std::printf("%s: a pulse went wrong\n", peer.mName);
+            return false;
+        }
+        times.push_back(*time);
+    }
+    std::sort(times.begin(), times.end());
+    peer.mMedians.push_back(times[times.size() / 2]);
+    peer.mNinetyNinths.push_back(times[times.size() * 99 / 100]);
+    return true;
+}
+
+double MedianOf(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+} // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    if (argc > 1 && std::wcscmp(argv[1], L"echo") == 0) return ServeEcho();
+    const int rounds = argc > 1 ? _wtoi(argv[1]) : 5;
+    const int pulses = argc > 2 ? _wtoi(argv[2]) : 20000;
+
+    wchar_t self[1024];
+    GetModuleFileNameW(nullptr, self, 1024);
+    const auto host = std::filesystem::path(self).parent_path() / L"orvane-visualizer.exe";
+    Peer hostPeer("host", L"\"" + host.wstring() + L"\"", kHostPipe);
+    Peer echoPeer("echo", L"\"" + std::wstring(self) + L"\" echo", kEchoPipe);
+
+    for (int i = 0; i < kWarmUp; ++i)
+        if (!hostPeer.Pulse() || !echoPeer.Pulse()) return 1;
+    for (int round = 0; round < rounds; ++round) {
+        // The first of a pair changes from round to round, so that drift favours neither.
+        Peer& first = round % 2 ? echoPeer : hostPeer;
+        Peer& second = round % 2 ? hostPeer : echoPeer;
+        if (!RunRound(first, pulses) || !RunRound(second, pulses)) return 1;
+    }
+
+    std::vector<double> medianRatios, tailRatios;
+    for (int i = 0; i < rounds; ++i) {
+        medianRatios.push_back(hostPeer.mMedians[std::size_t(i)] / echoPeer.mMedians[std::size_t(i)]);
+        tailRatios.push_back(hostPeer.mNinetyNinths[std::size_t(i)] / echoPeer.mNinetyNinths[std::size_t(i)]);
+    }
+    std::printf("pulse round trip, %d rounds of %d     median      p99\n", rounds, pulses);
+    for (const Peer* peer : { &hostPeer, &echoPeer })
+        std::printf("  %-32s %7.1f us %7.1f us\n", peer->mName, MedianOf(peer->mMedians),
+                    MedianOf(peer->mNinetyNinths));
+    std::printf("  %-32s %7.3f    %7.3f   (ratios round by round, their median)\n", "host / echo",
+                MedianOf(medianRatios), MedianOf(tailRatios));
+    return 0;
+}

@@ -1,0 +1,17 @@
+// The visualizers that are built into a program, as its server registers them.
+#pragma once
+
+#include "plugins/VisualPlugIn.h"
+
+#include <span>
+
+namespace orvane::shell {
+
+struct BuiltIn {
+    plugins::VisualPlugIn* (*make)(); // a new plug-in, zeroed in full before its constructor ran
+};
+
+// The table that this program was linked with, in the order of registration. Each program brings its own.
+[[nodiscard]] std::span<const BuiltIn> LinkedBuiltIns();
+
+} // namespace orvane::shell

@@ -1,0 +1,85 @@
+# What ./run, ./test and ./bench share; sourced by them from the root of the tree.
+#
+# A bare Debian 12 is enough to start from: what is missing is installed, as root or through sudo. The
+# Windows programs run under Wine in a prefix inside the build tree, on a virtual display unless the caller
+# wants the real one; both are ended when the script ends, however it ends.
+
+root=$PWD
+wine_prefix=$root/build/wine
+
+say() { printf '%s\n' "== $*"; }
+die() { printf '%s\n' "$*" >&2; exit 1; }
+
+as_root() {
+  if [ "$(id -u)" = 0 ]; then "$@"; else sudo -- "$@"; fi
+}
+
+# Installs those of the named Debian packages that are not there.
+need_packages() {
+  local package missing=()
+  for package in "$@"; do
+    dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+  done
+  [ ${#missing[@]} = 0 ] && return
+  command -v apt-get >/dev/null || die "Please install: ${missing[*]}"
+  say "Installing ${missing[*]}"
+  as_root apt-get update -qq
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix libcli11-dev googletest)
+wine_packages=(wine wine64 fonts-wine fonts-liberation libgl1-mesa-dri xvfb)
+
+# Configures and builds a preset in silence, or shows what went wrong.
+build_preset() {
+  local preset=$1 log=$root/build/$1.log
+  shift
+  mkdir -p build
+  say "Building $preset"
+  { cmake --preset "$preset" && cmake --build --preset "$preset" "$@"; } >"$log" 2>&1 || { tail -n 60 "$log"; die "Building $preset failed; the whole log is $log"; }
+}
+
+display_process=
+end_environment() {
+  local status=$?
+  trap - EXIT
+  if [ -n "${WINEPREFIX-}" ]; then wineserver -k 2>/dev/null || true; fi
+  if [ -n "$display_process" ]; then kill "$display_process" 2>/dev/null || true; fi
+  exit "$status"
+}
+trap end_environment EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+# A virtual display of its own, at a number that is free.
+start_virtual_display() {
+  local number_file
+  number_file=$(mktemp)
+  Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
+  display_process=$!
+  local tries
+  for ((tries = 0; tries < 200; ++tries)); do
+    [ -s "$number_file" ] && break
+    sleep 0.05
+  done
+  [ -s "$number_file" ] || die "The virtual display did not start"
+  DISPLAY=:$(cat "$number_file")
+  export DISPLAY
+  rm -f "$number_file"
+}
+
+# The Wine prefix of the build tree, made on first use; its server stays up until the script ends.
+start_wine() {
+  export WINEPREFIX=$wine_prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+  if [ ! -e "$wine_prefix/.ready" ]; then
+    say "Making the Wine prefix"
+    rm -rf "$wine_prefix"
+    mkdir -p "$wine_prefix"
+    wineboot -i >/dev/null 2>&1
+    # Wine has no "Arial", and DirectWrite then draws no text at all.
+    wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v Arial /d 'Liberation Sans' /f >/dev/null
+    wineserver -w
+    touch "$wine_prefix/.ready"
+  fi
+  wineserver -p 2>/dev/null || true
+}
