@@ -1,14 +1,14 @@
 // The visualizers that are built into a program, as its server registers them.
 #pragma once
 
-#include "plugins/VisualPlugIn.h"
+#include "plugins/PlugInMemory.h"
 
 #include <span>
 
 namespace orvane::shell {
 
 struct BuiltIn {
-    plugins::VisualPlugIn* (*make)(); // a new plug-in, zeroed in full before its constructor ran
+    plugins::PlugInOwner<plugins::VisualPlugIn> (*make)(); // null if memory is short
 };
 
 // The table that this program was linked with, in the order of registration. Each program brings its own.

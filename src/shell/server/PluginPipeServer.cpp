@@ -2,6 +2,8 @@
 
 #include "platform/LogLine.h"
 #include "plugins/FlattenPlugIn.h"
+#include "plugins/PlugInMemory.h"
+#include "plugins/external/Discovery.h"
 #include "records/ArtworkRecord.h"
 #include "shell/dispatch/ThreadMessages.h"
 #include "shell/protocol/LocalizedGroups.h"
@@ -22,6 +24,7 @@ namespace orvane::shell {
 using platform::LogFormat;
 using platform::LogLine;
 using platform::OwnedLock;
+using plugins::PlugInKind;
 using plugins::VisualPlugIn;
 
 namespace {
@@ -41,14 +44,21 @@ void LogChange(const char* operation, const VisualPlugIn* from, const VisualPlug
               to ? "valid plugin" : "null");
 }
 
+// KEEP: the two built-ins are told apart: Zephor is handed its list even when it is empty, Quellspire only one
+// that says something, with a line otherwise. Pinned by PluginPipeServer.AnEmptyListIsParkedWithZephorAlone.
 void ParkStrings(VisualPlugIn& plugin, const LocalizedGroups& groups) {
-    if (plugin.mKind == plugins::kZephorKind) {
+    switch (plugin.Kind()) {
+    case PlugInKind::kExternal:
+        return;
+    case PlugInKind::kZephor:
         plugin.ParkLocalizedStrings(groups.zephor);
-    } else if (plugin.mKind == plugins::kQuellspireKind) {
+        return;
+    case PlugInKind::kQuellspire:
         if (groups.quellspire.empty())
             LogLine("No localized strings to park with Quellspire.\n");
         else
             plugin.ParkLocalizedStrings(groups.quellspire);
+        return;
     }
 }
 
@@ -58,13 +68,9 @@ PluginPipeServer::PluginPipeServer(std::span<const BuiltIn> builtIns, const Pipe
     : PipeServer(calls)
     , mBuiltIns(builtIns) {}
 
-PluginPipeServer::~PluginPipeServer() {
-    for (VisualPlugIn* plugin : mPlugins) plugins::FreePlugIn(plugin);
-}
-
 bool PluginPipeServer::Initialize(std::uint8_t messageMode) {
     RegisterBuiltInVisualizers();
-    plugins::external::DiscoverModules([this](VisualPlugIn* plugin) { mPlugins.push_back(plugin); });
+    plugins::external::DiscoverModules([this](auto plugin) { mPlugins.push_back(std::move(plugin)); });
     return PipeServer::Initialize(messageMode);
 }
 
@@ -80,7 +86,7 @@ bool PluginPipeServer::HandleUPVMMessage() {
         ParseLocalizedGroups({ exchange.Input() + kTagSize, exchange.BytesRead() - kTagSize });
     Flattener flattener(exchange.Output(), kMessageCapacity);
     PutUInt32(flattener, std::uint32_t(mPlugins.size()));
-    for (VisualPlugIn* plugin : mPlugins) {
+    for (const auto& plugin : mPlugins) {
         // Parked first: a built-in's display name comes from its strings, so the reply already shows it.
         ParkStrings(*plugin, groups);
         plugins::FlattenPlugIn(flattener, *plugin);
@@ -113,11 +119,11 @@ bool PluginPipeServer::KeyInputVisualizer() {
             IExchange& exchange = Exchange();
             // The count is the player's word. It may go beyond the request, never beyond the input buffer.
             constexpr std::uint32_t kMostCharacters =
-                (kMessageCapacity - key_request::kCharacters) / sizeof(std::uint16_t);
+                (kMessageCapacity - key_request::kCharacters) / sizeof(char16_t);
             const std::uint32_t count =
                 std::min(RequestField(exchange, key_request::kCount), kMostCharacters);
             mCurrentPlugin->KeyInput(
-                count, reinterpret_cast<const std::uint16_t*>(exchange.Input() + key_request::kCharacters),
+                count, reinterpret_cast<const char16_t*>(exchange.Input() + key_request::kCharacters),
                 RequestField(exchange, key_request::kModifiers));
         } else {
             LogLine("Current plugin is null. Cannot take key input\n");

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "platform/OwnedMutex.h"
+#include "plugins/PlugInMemory.h"
 #include "plugins/VisualPlugIn.h"
 #include "records/TrackParam.h"
 #include "shell/server/BuiltIns.h"
@@ -24,9 +25,6 @@ namespace orvane::shell {
 class PluginPipeServer : public PipeServer {
 public:
     explicit PluginPipeServer(std::span<const BuiltIn> builtIns, const PipeCalls& calls = kPlatformPipeCalls);
-
-    // Frees the plug-ins' memory, without running a destructor in any of them.
-    ~PluginPipeServer() override;
 
     // Registers the built-ins and the modules found in the plug-in folders, behind what the list already
     // holds, and then makes the pipe: the player can't ask for a list that is still growing.
@@ -73,7 +71,7 @@ protected:
 
     plugins::VisualPlugIn* mCurrentPlugin = nullptr; // in mPlugins, or null
     platform::OwnedMutex mPluginLock;
-    std::vector<plugins::VisualPlugIn*> mPlugins; // in order of registration; owned, see the destructor
+    std::vector<plugins::PlugInOwner<plugins::VisualPlugIn>> mPlugins; // in order of registration
 
     // The current track, or null. Its readers without mPluginLock take a reference of their own, so that a new
     // track can't free the one that is being started.
