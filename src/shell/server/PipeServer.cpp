@@ -143,11 +143,22 @@ void PipeServer::ServeConnection() {
             if (!RecreatePipe()) return;
             continue;
         }
-        if (mPipeState == PipeState::kReading && !ServeReading())
-            return;
-        else if (mPipeState == PipeState::kWriting && !ServeWriting())
-            return;
+        if (!ServeState()) return;
     }
+}
+
+// The one step that the state asks for; where it leads to is for the next pass, after the next wait. False if
+// the service is at its end.
+bool PipeServer::ServeState() {
+    switch (mPipeState) {
+    case PipeState::kReading:
+        return ServeReading();
+    case PipeState::kWriting:
+        return ServeWriting();
+    case PipeState::kConnecting:
+        return true;
+    }
+    return true;
 }
 
 // One read. False if the service is at its end.

@@ -59,6 +59,7 @@ private:
     bool CreatePipe();
     bool CreateOverlappedEvent();
     bool ConnectOnce(bool& clientCameAndWent);
+    bool ServeState();
     bool ServeReading();
     bool ServeWriting();
     bool RecreatePipe();
