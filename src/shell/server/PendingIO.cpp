@@ -46,6 +46,8 @@ bool PendingIO::FinishWrite() {
         return true;
     }
     LogLine("[kWriting] Either GetOverlappedResult returned false or bytesTransferred is 0\n");
+    // A client that left while its reply was under way: the loop makes a new pipe instead of handling the
+    // request a second time, as it does when the write fails at once.
     return !IsClientGone(error);
 }
 

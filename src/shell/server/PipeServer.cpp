@@ -71,7 +71,8 @@ bool PipeServer::Initialize(std::uint8_t messageMode) {
     mMessageMode = messageMode;
     if (!CreatePipe() || !CreateOverlappedEvent()) return false;
     // A client that came and went before it could be connected leaves the pipe half closed. It must not end
-    // the service: the pipe is freed of it and waits for the next one.
+    // the service: the pipe is freed of it and waits for the next one. Nobody was served on this pipe, so what
+    // the derived classes set up around it is still fresh, and their Initialize isn't run for it.
     bool clientCameAndWent = false;
     bool connected = ConnectOnce(clientCameAndWent);
     while (clientCameAndWent) {
@@ -189,7 +190,9 @@ bool PipeServer::ServeWriting() {
         mPipeState = PipeState::kReading;
         return true;
     }
-    if (!mReplyTried) { // an operation that answers nothing: the request counts as answered
+    // An operation that writes no reply counts as having answered. Handled again, its request would end the
+    // same way, for ever, and the client's next request would never be read.
+    if (!mReplyTried) {
         mPendingIO = FALSE;
         mPipeState = PipeState::kReading;
         return true;
@@ -198,8 +201,9 @@ bool PipeServer::ServeWriting() {
         mPendingIO = TRUE; // the state stays: PendingIO moves it when the write is done
         return true;
     }
-    // A client that left without its reply: the failed write leaves the event unsignalled, so waiting again
-    // would be for ever, and the request must not be handled twice.
+    // A client that left without its reply is as gone as one that a read misses, and takes the same road. The
+    // failed write leaves the event unsignalled, so waiting on it again would be for ever; and the request
+    // was handled: keys or a track must not come twice because nobody took the answer.
     if (IsClientGone(mWriteError)) return RecreatePipe();
     return true;
 }
@@ -217,7 +221,8 @@ bool PipeServer::HandleRequest() {
     mReplyTried = false;
     mWriteError = ERROR_SUCCESS;
     mBytesWritten = 0;
-    return DispatchRequest(*this, Exchange());
+    return DispatchRequest(*this, Exchange()) &&
+           mReplyTried; // an operation may say "true" of no write at all
 }
 
 bool PipeServer::WriteReply(std::uint32_t length) {
