@@ -238,7 +238,7 @@ typedef struct OrvaneRegisterRecord {
     uint32_t options;  /* ORVANE_OPTION_... */
     uint32_t word0;
     uint8_t bytes[4];
-    OrvaneHandlerProc handler; /* null: the module is listed, but nothing ever reaches it */
+    OrvaneHandlerProc handler; /* never null */
     void* refcon;
     uint32_t rate; /* pulses wanted in a second; the host's own visualizers have 60 */
     uint32_t word1;
