@@ -3,7 +3,8 @@
 #include "platform/LogLine.h"
 #include "shell/entry/CommandLine.h"
 #include "shell/entry/Pump.h"
-#include "shell/server/PipeServer.h"
+#include "shell/server/BuiltIns.h"
+#include "shell/server/PluginPipeServer.h"
 #include "shell/windows/WindowClasses.h"
 
 #include <memory>
@@ -31,7 +32,7 @@ int HostMain(HINSTANCE instance) {
     if (WantsConsole(GetCommandLineW())) OpenConsole();
     RegisterWindowClasses(instance);
 
-    auto server = std::make_unique<PipeServer>();
+    auto server = std::make_unique<PluginPipeServer>(LinkedBuiltIns());
     if (!server->Initialize(1)) return kInitializeFailed;
 
     MakeMessageQueue();
