@@ -1,5 +1,6 @@
 #include "plugins/PlugInMemory.h"
 
+#include <cstdlib>
 #include <mutex>
 #include <unordered_map>
 
@@ -19,6 +20,10 @@ LivePlugIns& Live() {
 }
 
 } // namespace
+
+void* detail::ZeroedMemory(std::size_t size) {
+    return std::calloc(1, size);
+}
 
 void detail::EnterLivePlugIn(VisualPlugIn* plugIn) {
     const std::lock_guard lock(Live().mutex);

@@ -7,7 +7,7 @@
 
 #include "plugins/VisualPlugIn.h"
 
-#include <cstdlib>
+#include <cstddef>
 #include <memory>
 #include <new>
 #include <type_traits>
@@ -33,15 +33,18 @@ using PlugInOwner = std::unique_ptr<PlugIn, PlugInFreer>;
 [[nodiscard]] std::shared_ptr<VisualPlugIn> FindLivePlugIn(const void* cookie);
 
 namespace detail {
+// Out of the compiler's sight on purpose: where it sees a constructor run on the memory, it may drop what was
+// written there before.
+[[nodiscard]] void* ZeroedMemory(std::size_t size);
 void EnterLivePlugIn(VisualPlugIn* plugIn);
-}
+} // namespace detail
 
 // A new plug-in, null if memory is short. Its memory is zeroed in full before the constructor runs, so that
 // no byte of it, the gaps between the fields included, is ever anything that somebody else left there.
 template <typename PlugIn, typename... Arguments>
 [[nodiscard]] PlugInOwner<PlugIn> MakePlugIn(Arguments&&... arguments) {
     static_assert(std::is_base_of_v<VisualPlugIn, PlugIn> && alignof(PlugIn) <= alignof(std::max_align_t));
-    void* memory = std::calloc(1, sizeof(PlugIn));
+    void* memory = detail::ZeroedMemory(sizeof(PlugIn));
     if (!memory) return nullptr;
     auto* plugIn = new (memory) PlugIn(std::forward<Arguments>(arguments)...);
     detail::EnterLivePlugIn(plugIn);
