@@ -3,7 +3,8 @@
 
 namespace orvane::platform {
 
-// Physical cores, at least 1; 0 if the system would not tell. One file for each platform.
+// Cores of the processors; natively the threads that they run at once. 0 if the system would not tell. One
+// file for each platform.
 [[nodiscard]] unsigned ProcessorCores();
 
 } // namespace orvane::platform
