@@ -22,11 +22,13 @@ struct UnitBlock {
         return { units, std::min<std::size_t>(count, Capacity) };
     }
 
-    // Takes the first `Capacity` units of `text`; the rest of the block becomes zero.
+    // Takes the first `Capacity` units of `text`, which may be a part of this block's own; the rest of the
+    // block becomes zero.
     void Assign(std::u16string_view text) {
-        *this = {};
-        count = std::uint16_t(std::min(text.size(), Capacity));
-        std::copy_n(text.begin(), count, units);
+        UnitBlock filled;
+        filled.count = std::uint16_t(std::min(text.size(), Capacity));
+        std::copy_n(text.begin(), filled.count, filled.units);
+        *this = filled;
     }
 
     bool operator==(const UnitBlock&) const = default;
