@@ -25,9 +25,10 @@ struct UnitBlock {
     // Takes the first `Capacity` units of `text`, which may be a part of this block's own; the rest of the
     // block becomes zero.
     void Assign(std::u16string_view text) {
+        text = text.substr(0, Capacity);
         UnitBlock filled;
-        filled.count = std::uint16_t(std::min(text.size(), Capacity));
-        std::copy_n(text.begin(), filled.count, filled.units);
+        filled.count = std::uint16_t(text.size());
+        std::copy(text.begin(), text.end(), filled.units);
         *this = filled;
     }
 
