@@ -70,7 +70,7 @@ PluginPipeServer::PluginPipeServer(std::span<const BuiltIn> builtIns, const Pipe
 
 bool PluginPipeServer::Initialize(std::uint8_t messageMode) {
     RegisterBuiltInVisualizers();
-    plugins::external::DiscoverModules([this](auto plugin) { mPlugins.push_back(std::move(plugin)); });
+    plugins::Discovery([this](auto plugin) { mPlugins.push_back(std::move(plugin)); }).Run();
     return PipeServer::Initialize(messageMode);
 }
 
@@ -239,7 +239,7 @@ void PluginPipeServer::IdleVisualizerInMainThread() {
 void PluginPipeServer::StopVisualizerInMainThread() {
     const OwnedLock lock(mPluginLock);
     if (mCurrentPlugin) mCurrentPlugin->Stop();
-    mTrackParamData = nullptr;
+    mTrackParamData = records::TrackParamRef();
 }
 
 void PluginPipeServer::SetArtworkInMainThread(const records::ArtworkRecord* record) {

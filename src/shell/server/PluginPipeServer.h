@@ -14,6 +14,7 @@
 #include "records/TrackParam.h"
 #include "shell/server/BuiltIns.h"
 #include "shell/server/PipeServer.h"
+#include "shell/wire/BufferReader.h"
 
 #include <atomic>
 #include <span>
