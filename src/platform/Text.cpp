@@ -1,10 +1,15 @@
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
+#include <span>
 
 namespace orvane::platform {
 
 namespace {
+
+using Bytes = std::span<const std::uint8_t>;
 
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char32_t kFirstBeyondBmp = 0x10000;
@@ -18,36 +23,47 @@ constexpr bool IsTrailSurrogate(char32_t c) {
     return c >= 0xDC00 && c <= 0xDFFF;
 }
 
-// What a lead byte promises: how many bytes follow it, its own bits, and the least code point that may be
-// written in that many bytes.
-struct LeadByte {
-    std::size_t following;
-    char32_t bits;
-    char32_t least;
-};
-
-std::optional<LeadByte> ReadLeadByte(std::uint8_t byte) {
-    if (byte < 0x80) return LeadByte{ 0, byte, 0 };
-    if (byte >> 5 == 0x06) return LeadByte{ 1, byte & 0x1Fu, 0x80 };
-    if (byte >> 4 == 0x0E) return LeadByte{ 2, byte & 0x0Fu, 0x800 };
-    if (byte >> 3 == 0x1E) return LeadByte{ 3, byte & 0x07u, kFirstBeyondBmp };
-    return std::nullopt;
+// What a continuation byte adds; 0x40 or more if it is none.
+constexpr char32_t TailBits(std::uint8_t byte) {
+    return byte ^ 0x80u;
 }
 
-// The code point at the front of `text`, which it takes off.
-std::optional<char32_t> TakeCodePoint(std::string_view& text) {
-    const auto lead = ReadLeadByte(std::uint8_t(text.front()));
-    if (!lead || text.size() <= lead->following) return std::nullopt;
-    char32_t c = lead->bits;
-    for (std::size_t i = 1; i <= lead->following; ++i) {
-        const auto byte = std::uint8_t(text[i]);
-        if (byte >> 6 != 2) return std::nullopt;
-        c = c << 6 | (byte & 0x3Fu);
+constexpr char32_t kTailLimit = 0x40;
+
+// Reads the code point at the front of `text`, which isn't empty, and returns its length in bytes; 0 if no
+// whole and valid one stands there. Each length refuses what a shorter one could have held.
+std::size_t ReadCodePoint(Bytes text, char32_t& c) {
+    const char32_t lead = text[0];
+    if (lead < 0x80) {
+        c = lead;
+        return 1;
     }
-    if (c < lead->least || c > kLastCodePoint || IsLeadSurrogate(c) || IsTrailSurrogate(c))
-        return std::nullopt;
-    text.remove_prefix(lead->following + 1);
-    return c;
+    if (lead < 0xE0) {
+        if (text.size() < 2 || lead < 0xC0) return 0;
+        const char32_t tail = TailBits(text[1]);
+        c = (lead & 0x1F) << 6 | tail;
+        return tail < kTailLimit && c >= 0x80 ? 2 : 0;
+    }
+    if (lead < 0xF0) {
+        if (text.size() < 3) return 0;
+        const char32_t tail1 = TailBits(text[1]), tail2 = TailBits(text[2]);
+        c = (lead & 0x0F) << 12 | tail1 << 6 | tail2;
+        const bool isSurrogate = IsLeadSurrogate(c) || IsTrailSurrogate(c);
+        return (tail1 | tail2) < kTailLimit && c >= 0x800 && !isSurrogate ? 3 : 0;
+    }
+    if (text.size() < 4 || lead >= 0xF8) return 0;
+    const char32_t tail1 = TailBits(text[1]), tail2 = TailBits(text[2]), tail3 = TailBits(text[3]);
+    c = (lead & 0x07) << 18 | tail1 << 12 | tail2 << 6 | tail3;
+    return (tail1 | tail2 | tail3) < kTailLimit && c >= kFirstBeyondBmp && c <= kLastCodePoint ? 4 : 0;
+}
+
+// ASCII is gone through in blocks of this many bytes.
+constexpr std::size_t kAsciiBlock = sizeof(std::uint64_t);
+
+bool IsAscii(const std::uint8_t* block) {
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, block, kAsciiBlock);
+    return (bytes & 0x8080808080808080) == 0;
 }
 
 void AppendUtf8(std::string& out, char32_t c) {
@@ -71,19 +87,28 @@ void AppendUtf8(std::string& out, char32_t c) {
 
 } // namespace
 
-std::optional<std::u16string> Utf16FromUtf8(std::string_view text) {
-    std::u16string out;
-    out.reserve(text.size());
+std::optional<std::u16string> Utf16FromUtf8(std::string_view narrow) {
+    Bytes text(reinterpret_cast<const std::uint8_t*>(narrow.data()), narrow.size());
+    std::u16string out(text.size(), u'\0'); // no code point has more units than bytes
+    char16_t* to = out.data();
     while (!text.empty()) {
-        const auto c = TakeCodePoint(text);
-        if (!c) return std::nullopt;
-        if (*c < kFirstBeyondBmp) {
-            out += char16_t(*c);
+        if (text.size() >= kAsciiBlock && IsAscii(text.data())) {
+            to = std::copy_n(text.data(), kAsciiBlock, to);
+            text = text.subspan(kAsciiBlock);
+            continue;
+        }
+        char32_t c = 0;
+        const std::size_t length = ReadCodePoint(text, c);
+        if (length == 0) return std::nullopt;
+        text = text.subspan(length);
+        if (c < kFirstBeyondBmp) {
+            *to++ = char16_t(c);
         } else {
-            out += char16_t(0xD800 + ((*c - kFirstBeyondBmp) >> 10));
-            out += char16_t(0xDC00 + ((*c - kFirstBeyondBmp) & 0x3FF));
+            *to++ = char16_t(0xD800 + ((c - kFirstBeyondBmp) >> 10));
+            *to++ = char16_t(0xDC00 + ((c - kFirstBeyondBmp) & 0x3FF));
         }
     }
+    out.resize(std::size_t(to - out.data()));
     return out;
 }
 
