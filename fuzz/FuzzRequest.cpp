@@ -54,12 +54,13 @@ void ReadNumbers(const Request& request) {
     Held(reader.mPosition == request.size());
 }
 
-// A string that was read is put into a reply of just its size, and comes out with its bytes swapped.
+// A string that was read is put into a reply of just its size, and comes out with its bytes swapped. A few of
+// them are enough: each costs time, and a request holds a dozen.
 void ReadStrings(const Request& request) {
     BufferReader reader = ReaderOf(request);
-    std::uint64_t before = 0;
-    do {
-        before = reader.mPosition;
+    constexpr int kStrings = 12;
+    for (int string = 0; string < kStrings; ++string) {
+        const std::uint64_t before = reader.mPosition;
         records::StringBlock block;
         if (!ReadString(reader, block)) continue;
         Request reply(2 + 2 * std::size_t(block.count));
@@ -68,7 +69,7 @@ void ReadStrings(const Request& request) {
         Held(flattener.Length() == reply.size());
         Held(reader.mPosition - before == reply.size() + 4);
         for (std::size_t i = 0; i < reply.size(); ++i) Held(reply[i] == request[before + 4 + (i ^ 1)]);
-    } while (reader.mPosition > before);
+    }
 }
 
 void ReadTrack(BufferReader& reader) {
@@ -93,10 +94,13 @@ void ReadSelection(BufferReader& reader, records::StringBlock& name) {
     if (TakeTrackMarker(reader)) ReadTrack(reader);
 }
 
+// The beginning of the request, since a conversion under the sanitizers is slow and looks at one letter at a
+// time.
 void ConvertText(const Request& request) {
-    const std::string text = tests::AsText(request);
+    constexpr std::size_t kConvertedBytes = 128;
+    const std::string text = tests::AsText(request).substr(0, kConvertedBytes);
     if (const auto wide = platform::Utf16FromUtf8(text)) Held(platform::Utf8FromUtf16(*wide) == text);
-    std::u16string units(request.size() / 2, u'\0');
+    std::u16string units(text.size() / 2, u'\0');
     for (std::size_t i = 0; i < units.size(); ++i)
         units[i] = char16_t(request[2 * i] | request[2 * i + 1] << 8);
     Held(platform::Utf16FromUtf8(platform::Utf8FromUtf16(units)).has_value());

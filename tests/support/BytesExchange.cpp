@@ -1,11 +1,11 @@
 #include "support/BytesExchange.h"
 
-#include <algorithm>
+#include <cstring>
 
 namespace orvane::tests {
 
 void BytesExchange::SetRequest(std::string_view request) {
-    std::copy(request.begin(), request.end(), mInput.begin());
+    if (!request.empty()) std::memcpy(mInput.data(), request.data(), request.size());
     mBytesRead = std::uint32_t(request.size());
 }
 

@@ -58,7 +58,7 @@ Bytes SampleTrackBlock() {
 }
 
 std::string AsText(std::span<const std::uint8_t> bytes) {
-    return { bytes.begin(), bytes.end() };
+    return { reinterpret_cast<const char*>(bytes.data()), bytes.size() };
 }
 
 } // namespace orvane::tests
