@@ -33,15 +33,17 @@ TEST(SystemWindow, RectanglesAreThoseOfTheWindow) {
 }
 
 TEST(SystemWindow, OnlyAMinimisedParentIsTold) {
-    const HWND parent = MakeWindow(WS_POPUP | WS_MINIMIZEBOX, nullptr);
-    const HWND child = MakeWindow(WS_CHILD, parent);
-    ASSERT_TRUE(parent && child);
-    EXPECT_FALSE(IsParentIconic({ parent }));
-    EXPECT_FALSE(IsParentIconic({ child }));
-    ShowWindow(parent, SW_SHOWMINIMIZED);
-    EXPECT_FALSE(IsParentIconic({ parent })) << "it has no parent that could be";
-    EXPECT_TRUE(IsParentIconic({ child }));
-    DestroyWindow(parent);
+    const HWND normal = MakeWindow(WS_POPUP, nullptr);
+    const HWND minimised = MakeWindow(WS_POPUP | WS_MINIMIZE, nullptr);
+    const HWND childOfNormal = MakeWindow(WS_CHILD, normal);
+    const HWND childOfMinimised = MakeWindow(WS_CHILD, minimised);
+    ASSERT_TRUE(childOfNormal && childOfMinimised);
+    EXPECT_FALSE(IsParentIconic({ normal }));
+    EXPECT_FALSE(IsParentIconic({ minimised })) << "it has no parent that could be";
+    EXPECT_FALSE(IsParentIconic({ childOfNormal }));
+    EXPECT_TRUE(IsParentIconic({ childOfMinimised }));
+    DestroyWindow(normal);
+    DestroyWindow(minimised);
 }
 
 } // namespace
