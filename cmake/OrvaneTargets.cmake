@@ -1,6 +1,7 @@
 # orvane_library(<folder> [SOURCES ...] [NATIVE_SOURCES ...] [WINDOWS_SOURCES ...] [LINKS ...])
 #
-# One folder of the tree as one library; the target is the folder's path with '-' for '/'.
+# One folder of the tree as one library; the target is the folder's path with '-' for '/'. The path counts from
+# the calling file's folder, or else from the top of the tree.
 # Its headers are reached by the folder's path ("platform/LogLine.h"), and only by targets that link it:
 # the include folder that a library hands on holds links to its own headers and nothing else. So the link
 # list is the licence to include, and a wrong include fails to compile.
@@ -8,14 +9,18 @@
 function(orvane_library folder)
   cmake_parse_arguments(ARG "" "" "SOURCES;NATIVE_SOURCES;WINDOWS_SOURCES;LINKS" ${ARGN})
   string(REPLACE "/" "-" target ${folder})
+  set(root ${CMAKE_CURRENT_SOURCE_DIR})
+  if(NOT IS_DIRECTORY ${root}/${folder})
+    set(root ${CMAKE_SOURCE_DIR})
+  endif()
   if(WIN32)
     list(APPEND ARG_SOURCES ${ARG_WINDOWS_SOURCES})
   else()
     list(APPEND ARG_SOURCES ${ARG_NATIVE_SOURCES})
   endif()
-  orvane_header_links(${target} ${folder} include_folder)
+  orvane_header_links(${target} ${root} ${folder} include_folder)
   if(ARG_SOURCES)
-    list(TRANSFORM ARG_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/)
+    list(TRANSFORM ARG_SOURCES PREPEND ${root}/${folder}/)
     add_library(${target} STATIC ${ARG_SOURCES})
     target_include_directories(${target} PUBLIC ${include_folder})
     target_link_libraries(${target} PUBLIC ${ARG_LINKS} PRIVATE orvane-options)
@@ -26,12 +31,13 @@ function(orvane_library folder)
   endif()
 endfunction()
 
-# Links every header of `folder` into an include folder of the build tree that belongs to `target` alone.
-function(orvane_header_links target folder result)
+# Links every header of `folder` below `root` into an include folder of the build tree that belongs to `target`
+# alone.
+function(orvane_header_links target root folder result)
   set(include_folder ${CMAKE_BINARY_DIR}/include/${target})
   file(REMOVE_RECURSE ${include_folder})
   file(MAKE_DIRECTORY ${include_folder}/${folder})
-  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
+  file(GLOB headers CONFIGURE_DEPENDS ${root}/${folder}/*.h)
   foreach(header ${headers})
     get_filename_component(name ${header} NAME)
     file(CREATE_LINK ${header} ${include_folder}/${folder}/${name} COPY_ON_ERROR SYMBOLIC)
