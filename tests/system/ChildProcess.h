@@ -1,0 +1,88 @@
+// A process that a test starts, with what it writes gathered and its end in the test's hand.
+#pragma once
+
+#include "player/client/UniqueHandle.h"
+
+#include <windows.h>
+
+#include <chrono>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <thread>
+
+namespace orvane::tests {
+
+// How long a test waits for what must come. No test depends on how soon it does.
+constexpr std::chrono::milliseconds kPatience{ 60000 };
+
+class ChildProcess {
+public:
+    ChildProcess() = default;
+
+    ~ChildProcess() { Kill(); }
+
+    ChildProcess(const ChildProcess&) = delete;
+    ChildProcess& operator=(const ChildProcess&) = delete;
+
+    // Starts `program` with its standard output and standard error going into Text(). `flags` are those of
+    // process creation. Once for each object.
+    [[nodiscard]] bool Start(const std::wstring& program, const std::wstring& arguments, DWORD flags = 0);
+
+    // All that it has written so far.
+    [[nodiscard]] std::string Text() const;
+
+    // Waits until `part` has been written `times` times in all. False if it is not by then, or the process has
+    // ended without.
+    [[nodiscard]] bool WaitForText(std::string_view part, int times = 1) const;
+
+    // Waits for the end; the exit code, once everything written is in Text(). Nothing if it doesn't end.
+    [[nodiscard]] std::optional<int> WaitForExit(std::chrono::milliseconds timeout = kPatience);
+
+    [[nodiscard]] bool IsRunning() const;
+
+    // Ends the process from outside, if it still runs.
+    void Kill();
+
+    [[nodiscard]] HANDLE Process() const { return mProcess.get(); }
+
+    [[nodiscard]] DWORD Id() const { return mId; }
+
+    [[nodiscard]] DWORD MainThreadId() const { return mMainThreadId; }
+
+private:
+    void GatherText();
+    bool TakeWhatIsThere();
+
+    player::UniqueHandle mProcess;
+    player::UniqueHandle mOutput; // our end of the pipe that it writes into
+    DWORD mId = 0;
+    DWORD mMainThreadId = 0;
+    mutable std::mutex mTextMutex;
+    std::string mText;
+    std::thread mGatherer;
+};
+
+// The full path of a program that stands in the test program's own folder.
+[[nodiscard]] std::wstring ProgramBeside(std::wstring_view name);
+
+// The full path of the test program itself.
+[[nodiscard]] std::wstring OwnProgram();
+
+// How often `part` occurs in `text`.
+[[nodiscard]] int Count(std::string_view text, std::string_view part);
+
+// Asks again and again until `holds` does. False if it never does within kPatience.
+template <typename Condition>
+[[nodiscard]] bool WaitUntil(Condition holds) {
+    constexpr DWORD kPollMilliseconds = 2;
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (!holds()) {
+        if (std::chrono::steady_clock::now() > end) return false;
+        Sleep(kPollMilliseconds);
+    }
+    return true;
+}
+
+} // namespace orvane::tests

@@ -1,0 +1,35 @@
+// The real host, started by a test.
+#pragma once
+
+#include "player/client/PipeClient.h"
+#include "system/ChildProcess.h"
+
+#include <optional>
+#include <string>
+
+namespace orvane::tests {
+
+// The line that ends each of the host's preparations for a client, if none is there yet.
+constexpr std::string_view kWaitingForClient = "ConnectNamedPipe [ERROR_IO_PENDING].\n";
+
+// Ends with the object, also when a test fails. One at a time on a machine: the pipe has one name.
+class HostProcess : public ChildProcess {
+public:
+    // Starts the host and waits until it waits for its first client. False if it doesn't come that far.
+    [[nodiscard]] bool Serve(const std::wstring& arguments = L"");
+
+    // Starts the host and doesn't wait.
+    [[nodiscard]] bool Launch(const std::wstring& arguments = L"");
+
+    // Posts WM_QUIT to the main thread and waits for the end; the exit code. Nothing if it doesn't end.
+    [[nodiscard]] std::optional<int> Quit(int exitCode = 0);
+
+    // What it has in use.
+    [[nodiscard]] std::size_t WorkingSetBytes() const;
+    [[nodiscard]] std::size_t OpenHandles() const;
+};
+
+// A client that is connected to the host; not connected, if the host can't be reached.
+[[nodiscard]] player::PipeClient ConnectToHost();
+
+} // namespace orvane::tests

@@ -1,0 +1,85 @@
+#include "system/service/Expected.h"
+
+#include "records/AudioRenderData.h"
+
+namespace orvane::tests {
+
+namespace {
+
+Bytes Tagged(std::string_view tag) {
+    return WireBuilder().Raw(tag).Get();
+}
+
+Bytes Pulse() {
+    return WireBuilder().Raw("PULS").U32(1).U32(1000).Zeros(sizeof(records::AudioRenderData)).Get();
+}
+
+Bytes Selection() {
+    return WireBuilder()
+        .Raw("SWSV")
+        .String(u"Nobody's Visualizer")
+        .U8(0)
+        .Raw("TALF")
+        .Raw(AsText(SampleTrackBlock()))
+        .Get();
+}
+
+} // namespace
+
+std::vector<ExpectedExchange> ExpectedConversation() {
+    const auto none = std::nullopt;
+    return {
+        // name, request, reply, console
+        { "localized strings", WireBuilder().Raw("UPVMZ").U8(1).Raw("<Title><>").Get(), none,
+          "HandleUPVMMessage override me\n" },
+        { "pulse", Pulse(), "OK", "PulseVisualizer override me\n" },
+        { "key input", WireBuilder().Raw("KEYI").U32(0).U32(1).U16('a').Get(), "OK",
+          "KeyInputVisualizer override me\n" },
+        { "show window", Tagged("SWND"), "OK", "ShowVisualizerWindow override me\n" },
+        { "show window and select", Selection(), "OK",
+          "ShowVisualizerWindowAndSelectVisualizer override me\n" },
+        { "hide window", Tagged("HWND"), "OK", "HideVisualizerWindow override me\n" },
+        { "enter full screen", Tagged("NTFS"), "OK", "EnterFullscreen override me\n" },
+        { "leave full screen", Tagged("XTFS"), "OK", "ExitFullscreen override me\n" },
+        { "post to console", WireBuilder().Raw("PM2Chello\n").U8(0).Get(), "OK",
+          "PostMessageToConsole override me\n" },
+        { "deactivate", Tagged("DCTV"), "OK", "DeactivateVisualizer override me\n" },
+        { "start", WireBuilder().Raw("STRT").Raw(AsText(SampleTrackBlock())).Get(), "Start",
+          "StartVisualizerPlaybackWithTrackInfo: override me\n" },
+        { "draw", Tagged("DRAW"), "OK", "" },
+        { "idle", Tagged("IDLE"), "OK", "" },
+        { "stop", Tagged("STOP"), "OK", "" },
+        { "move", Tagged("MOVW"), "OK", "MoveVisualizer override me\n" },
+        { "reshape", WireBuilder().Raw("RSHP").U32(0).U32(0).U32(640).U32(480).Get(), "OK",
+          "ReshapeVisualizer override me\n" },
+        { "activate", WireBuilder().Raw("ACTV").String(u"Nobody's Visualizer").Get(), "OK",
+          "ActivateVisualizer override me\n" },
+        { "no artwork", Tagged("NOAR"), "OK", "" },
+        { "artwork of format 13", WireBuilder().Raw("AR13").Zeros(100).Get(), "OK", "" },
+        { "artwork of format 14", WireBuilder().Raw("AR14").Zeros(100).Get(), "OK", "" },
+
+        { "an unknown tag", Tagged("QQQQ"), "Not handled", "" },
+        { "an unknown tag with a payload", WireBuilder().Raw("puls").Zeros(100).Get(), "Not handled", "" },
+        { "a tag above ASCII", WireBuilder().Raw("PUL\xD3").Get(), "Not handled", "" },
+        { "one byte", Tagged("P"), "No input message. Buffer size = 1", "HandleRequest mBytesRead < 4\n" },
+        { "three bytes", Tagged("PUL"), "No input message. Buffer size = 3",
+          "HandleRequest mBytesRead < 4\n" },
+        { "a pulse of four bytes", Tagged("PULS"), "OK", "PulseVisualizer override me\n" },
+    };
+}
+
+std::string ExpectedReply(std::string_view tag) {
+    for (const auto& exchange : ExpectedConversation())
+        if (AsText(exchange.request).starts_with(tag)) return exchange.reply.value_or("");
+    return {};
+}
+
+std::string ExpectedStart() {
+    return "ConnectNamedPipe [ERROR_IO_PENDING].\n";
+}
+
+std::string ExpectedEnd() {
+    return "Exiting windows message loop\n";
+}
+
+} // namespace orvane::tests

@@ -1,0 +1,31 @@
+// What the host answers to each request and what it prints meanwhile: the one place to change when it learns to
+// do more.
+#pragma once
+
+#include "support/Wire.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orvane::tests {
+
+struct ExpectedExchange {
+    const char* name;
+    Bytes request;
+    std::optional<std::string> reply; // nothing: no reply is written
+    std::string console;
+};
+
+// A request of each tag, an unknown tag and requests too short for a tag, in the order of a conversation.
+[[nodiscard]] std::vector<ExpectedExchange> ExpectedConversation();
+
+// The reply to requests of that tag.
+[[nodiscard]] std::string ExpectedReply(std::string_view tag);
+
+// What the host prints from its start until it waits for its first client, and behind WM_QUIT.
+[[nodiscard]] std::string ExpectedStart();
+[[nodiscard]] std::string ExpectedEnd();
+
+} // namespace orvane::tests
