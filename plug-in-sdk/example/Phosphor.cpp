@@ -9,17 +9,20 @@ namespace {
 
 constexpr float kAfterglow = 0.1f;        // seconds to fall to 1/e
 constexpr float kWhiteAfterglow = 0.025f; // the over-exposed core cools down to the tint first
-constexpr float kProfileSteps = 8.0f;     // table entries for each square pixel of distance
-constexpr float kGlowWidth = 2.7f;        // in thicknesses: the glow's standard deviation
-constexpr float kGlowReach = 2.5f;        // in standard deviations
-constexpr float kGlowStrength = 0.36f;    //
-constexpr float kCoreWhite = 0.55f;       // how far the core is over-exposed
-constexpr float kSegmentLength = 2.0f;    // pixels along x between two computed points
+constexpr float kCoreWhite = 0.55f;       // how far it is over-exposed
+constexpr float kSegmentLength = 1.5f;    // cells along x between two computed points
 constexpr float kSpeedDimming = 0.035f;   // a fast beam leaves less light
-constexpr float kLeastBrightness = 0.3f;  //
-constexpr std::size_t kChannels = 4;
-constexpr std::size_t kWhite = 3; // the channel that a surface doesn't use holds light without a tint
-constexpr float kLightScale = 255.0f * 256.0f;
+constexpr float kLeastBrightness = 0.3f;
+
+constexpr float kGlowWidth = 3.4f; // in thicknesses: the glow's standard deviation
+constexpr float kGlowReach = 2.8f; // in standard deviations
+constexpr float kGlowStrength = 0.42f;
+
+constexpr int kCell = 4; // pixels, of the soft plane
+// A pixel lies between two cells: which is the first, seen from the cell before its own, and how many eighths
+// of the second it takes, by its place in its own cell.
+constexpr int kFirstCell[kCell] = { 0, 0, 1, 1 };
+constexpr unsigned kEighths[kCell] = { 5, 7, 1, 3 };
 
 // The curve through the samples at a fractional place: Catmull-Rom, ends repeated.
 float Smooth(std::span<const float> samples, float at) {
@@ -31,13 +34,32 @@ float Smooth(std::span<const float> samples, float at) {
     return b + 0.5f * t * (c - a + t * (2 * a - 5 * b + 4 * c - d + t * (3 * (b - c) + d - a)));
 }
 
-// The share that is left after `seconds`, in 65536ths.
-std::uint32_t Kept(float seconds, float time) {
-    return std::uint32_t(std::exp(-std::max(seconds, 0.0f) / time) * 65535.0f);
+// In cells of the soft plane.
+Box Shrunk(const Box& box) {
+    const auto shrunk = [](float edge) { return edge / kCell + 1; };
+    return { shrunk(box.left), shrunk(box.top), shrunk(box.right), shrunk(box.bottom) };
 }
 
-void Brighten(std::uint16_t& light, float value) {
-    light = std::max(light, std::uint16_t(std::min(value, 1.0f) * kLightScale));
+Beam MakeLine(float thickness) {
+    Beam line(thickness * 0.5f + 0.5f);
+    for (std::size_t i = 0; i < line.tint.size(); ++i) {
+        const float inside = std::clamp(line.reach - std::sqrt(float(i) / Beam::kSteps), 0.0f, 1.0f);
+        line.tint[i] = inside;
+        line.white[i] = inside * inside * kCoreWhite;
+    }
+    return line;
+}
+
+// Lowered so that it reaches 0 where it is cut off.
+Beam MakeGlow(float thickness) {
+    const float deviation = thickness * kGlowWidth / kCell;
+    Beam glow(deviation * kGlowReach);
+    const float edge = std::exp(-kGlowReach * kGlowReach / 2);
+    for (std::size_t i = 0; i < glow.tint.size(); ++i) {
+        const float bell = std::exp(-float(i) / Beam::kSteps / (2 * deviation * deviation));
+        glow.tint[i] = kGlowStrength * std::max(0.0f, bell - edge);
+    }
+    return glow;
 }
 
 } // namespace
@@ -45,96 +67,85 @@ void Brighten(std::uint16_t& light, float value) {
 void Phosphor::Resize(int width, int height) {
     mWidth = width;
     mHeight = height;
-    mLight.assign(std::size_t(width) * std::size_t(height) * kChannels, 0);
+    const int cellsAcross = (width + kCell - 1) / kCell + 2, cellsDown = (height + kCell - 1) / kCell + 2;
+    mSharp.Resize(width, height);
+    mSoft.Resize(cellsAcross, cellsDown);
+    mSoftRow.assign(std::size_t(cellsAcross) * LightPlane::kChannels, 0);
 }
 
 void Phosphor::Fade(float seconds) {
-    const std::uint32_t tint = Kept(seconds, kAfterglow), white = Kept(seconds, kWhiteAfterglow);
-    const std::uint32_t keep[kChannels] = { tint, tint, tint, white };
-    for (std::size_t i = 0; i < mLight.size(); i += kChannels)
-        for (std::size_t c = 0; c < kChannels; ++c)
-            mLight[i + c] = std::uint16_t(mLight[i + c] * keep[c] >> 16);
+    const float tint = std::exp(-seconds / kAfterglow), white = std::exp(-seconds / kWhiteAfterglow);
+    mSharp.Fade(tint, white);
+    mSoft.Fade(tint, white);
 }
 
-void Phosphor::MakeProfile(float thickness) {
+void Phosphor::MakeBeams(float thickness) {
     if (thickness == mThickness) return;
     mThickness = thickness;
-    const float deviation = thickness * kGlowWidth;
-    mReach = deviation * kGlowReach;
-    const auto entries = std::size_t(mReach * mReach * kProfileSteps) + 2;
-    mCore.resize(entries);
-    mGlow.resize(entries);
-    const float edge = std::exp(-kGlowReach * kGlowReach / 2);
-    for (std::size_t i = 0; i < entries; ++i) {
-        const float squared = float(i) / kProfileSteps;
-        mCore[i] = std::clamp(thickness * 0.5f + 0.5f - std::sqrt(squared), 0.0f, 1.0f);
-        // Lowered so that it reaches 0 where it is cut off.
-        const float bell = std::exp(-squared / (2 * deviation * deviation)) - edge;
-        mGlow[i] = kGlowStrength * std::max(0.0f, bell);
-    }
+    mLine = MakeLine(thickness);
+    mGlow = MakeGlow(thickness);
 }
 
 void Phosphor::Sweep(const Box& box, std::span<const float> samples, const Colour& colour, float thickness) {
-    if (samples.size() < 2 || box.Width() < 2) return;
-    MakeProfile(thickness);
-    const int segments = std::max(2, int(box.Width() / kSegmentLength));
-    const float middle = (box.top + box.bottom) * 0.5f;
-    const float half = box.Height() * 0.5f;
+    if (samples.size() < 2 || box.Width() < 2 * kCell) return;
+    MakeBeams(thickness);
+    Trace(mSharp, mLine, box, samples, colour, kSegmentLength);
+    Trace(mSoft, mGlow, Shrunk(box), samples, colour, kSegmentLength / 2);
+}
+
+void Phosphor::Trace(LightPlane& plane, const Beam& beam, const Box& box, std::span<const float> samples,
+                     const Colour& colour, float segmentLength) {
+    const int segments = std::max(2, int(box.Width() / segmentLength));
+    const float middle = (box.top + box.bottom) * 0.5f, half = box.Height() * 0.5f;
     const auto point = [&](int i) {
         const float share = float(i) / float(segments);
         const float value = Smooth(samples, share * float(samples.size() - 1));
-        return Point{ box.left + share * box.Width(), middle - half * std::clamp(value, -1.0f, 1.0f) };
+        return LightPlane::Point{ box.left + share * box.Width(),
+                                  middle - half * std::clamp(value, -1.0f, 1.0f) };
     };
-    Point from = point(0);
+    LightPlane::Point from = point(0);
     for (int i = 1; i <= segments; ++i) {
-        const Point to = point(i);
-        const float speed = std::abs(to.y - from.y);
-        Segment(from, to, colour, std::max(kLeastBrightness, 1.0f / (1.0f + kSpeedDimming * speed)));
+        const LightPlane::Point to = point(i);
+        const float slope = std::abs(to.y - from.y) / segmentLength;
+        plane.Line(from, to, beam,
+                   colour * std::max(kLeastBrightness, 1.0f / (1.0f + kSpeedDimming * slope)));
         from = to;
     }
 }
 
-void Phosphor::Segment(const Point& from, const Point& to, const Colour& colour, float brightness) {
-    const float alongX = to.x - from.x, alongY = to.y - from.y;
-    const float perLength = 1.0f / (alongX * alongX + alongY * alongY); // alongX is never 0
-    const int firstX = std::max(0, int(from.x - mReach));
-    const int endX = std::min(mWidth, int(to.x + mReach) + 1);
-    const int firstY = std::max(0, int(std::min(from.y, to.y) - mReach));
-    const int endY = std::min(mHeight, int(std::max(from.y, to.y) + mReach) + 1);
-    const float reachSquared = mReach * mReach;
-    for (int y = firstY; y < endY; ++y) {
-        const float toY = float(y) + 0.5f - from.y;
-        std::uint16_t* light =
-            mLight.data() + (std::size_t(y) * std::size_t(mWidth) + std::size_t(firstX)) * kChannels;
-        for (int x = firstX; x < endX; ++x, light += kChannels) {
-            const float toX = float(x) + 0.5f - from.x;
-            const float share = std::clamp((toX * alongX + toY * alongY) * perLength, 0.0f, 1.0f);
-            const float offX = toX - share * alongX, offY = toY - share * alongY;
-            const float squared = offX * offX + offY * offY;
-            if (squared >= reachSquared) continue;
-            const auto entry = std::size_t(squared * kProfileSteps);
-            const float core = mCore[entry] * brightness;
-            const float tint = std::max(core, mGlow[entry] * brightness);
-            const float white = core * core * kCoreWhite;
-            Brighten(light[0], colour.blue * tint);
-            Brighten(light[1], colour.green * tint);
-            Brighten(light[2], colour.red * tint);
-            Brighten(light[kWhite], white);
-        }
-    }
+void Phosphor::BlendSoftRows(int y) {
+    const int first = y / kCell + kFirstCell[y % kCell];
+    const std::uint16_t* above = mSoft.Row(first);
+    const std::uint16_t* below = mSoft.Row(first + 1);
+    const unsigned share = kEighths[y % kCell];
+    for (std::size_t i = 0; i < mSoftRow.size(); ++i)
+        mSoftRow[i] = std::uint16_t((above[i] * (8 - share) + below[i] * share) >> 3);
 }
 
-void Phosphor::Show(const std::vector<std::uint8_t>& background, Surface& surface) const {
+void Phosphor::Show(const std::vector<std::uint8_t>& background, Surface& surface) {
+    constexpr auto kChannels = LightPlane::kChannels;
     const auto rowBytes = std::size_t(mWidth) * kChannels;
+    // The glow reaches further than the line: outside its rows there is no light at all.
+    const int firstLit = (mSoft.FirstLitRow() - 2) * kCell, endLit = mSoft.EndOfLitRows() * kCell;
     for (int y = 0; y < mHeight; ++y) {
-        const std::uint16_t* light = mLight.data() + std::size_t(y) * rowBytes;
         const std::uint8_t* under = background.data() + std::size_t(y) * rowBytes;
         std::uint8_t* row = surface.Row(y);
-        for (std::size_t i = 0; i < rowBytes; i += kChannels)
+        if (y < firstLit || y >= endLit) {
+            std::copy_n(under, rowBytes, row);
+            continue;
+        }
+        BlendSoftRows(y);
+        const std::uint16_t* sharp = mSharp.Row(y);
+        for (int x = 0; x < mWidth; ++x, row += kChannels, under += kChannels, sharp += kChannels) {
+            const std::uint16_t* soft =
+                mSoftRow.data() + std::size_t(x / kCell + kFirstCell[x % kCell]) * kChannels;
+            const unsigned share = kEighths[x % kCell];
             for (std::size_t c = 0; c < kChannels; ++c) {
-                const unsigned sum = unsigned(under[i + c]) + (light[i + c] >> 8) + (light[i + kWhite] >> 8);
-                row[i + c] = std::uint8_t(std::min(255u, sum));
+                const unsigned glow = (soft[c] * (8 - share) + soft[c + kChannels] * share) >> 3;
+                const unsigned line = sharp[c] + unsigned(sharp[LightPlane::kWhite]);
+                row[c] = std::uint8_t(std::min(255u, under[c] + ((glow + line) >> 8)));
             }
+        }
     }
 }
 
