@@ -221,8 +221,8 @@ bool PipeServer::HandleRequest() {
     mReplyTried = false;
     mWriteError = ERROR_SUCCESS;
     mBytesWritten = 0;
-    return DispatchRequest(*this, Exchange()) &&
-           mReplyTried; // an operation may say "true" of no write at all
+    const bool said = DispatchRequest(*this, Exchange());
+    return said && mReplyTried; // an operation may say "true" of no write at all
 }
 
 bool PipeServer::WriteReply(std::uint32_t length) {
