@@ -1,11 +1,13 @@
 # orvane_fuzzer(<name> SOURCES ... [LINKS ...])
 #
-# A libFuzzer program. Started with a folder it goes on from the inputs there and adds what it finds; the
-# seeds below fuzz/corpus/ are to be given as a second folder, so that nothing is added to them:
-#   mkdir -p build/corpus && build/fuzz/bin/<name> -max_len=4096 build/corpus fuzz/corpus/request
+# A libFuzzer program fuzz_<name>. Its seeds lie in fuzz/corpus/<name>, its dictionary is fuzz/<name>.dict, each
+# if it exists. ctest runs it as fuzz.<name>: a moment with a fixed seed, or millions of inputs in a soak
+# (fuzz/run-target).
 function(orvane_fuzzer name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
-  add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE ${ARG_LINKS} tests-support orvane-options)
-  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  add_executable(fuzz_${name} ${ARG_SOURCES})
+  target_link_libraries(fuzz_${name} PRIVATE ${ARG_LINKS} tests-support orvane-options)
+  target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+  add_test(NAME fuzz.${name} COMMAND ${CMAKE_SOURCE_DIR}/fuzz/run-target $<TARGET_FILE:fuzz_${name}> ${name})
+  set_tests_properties(fuzz.${name} PROPERTIES TIMEOUT 7200)
 endfunction()

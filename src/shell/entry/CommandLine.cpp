@@ -15,7 +15,7 @@ bool WantsConsole(const wchar_t* commandLine) {
     const std::unique_ptr<wchar_t*, decltype(&LocalFree)> arguments(CommandLineToArgvW(commandLine, &count),
                                                                     &LocalFree);
     if (!arguments) return false;
-    return std::any_of(arguments.get() + 1, arguments.get() + count,
+    return std::any_of(arguments.get(), arguments.get() + count,
                        [](std::wstring_view argument) { return argument == L"-c"; });
 }
 

@@ -3,7 +3,8 @@
 
 namespace orvane::shell {
 
-// Whether one of the arguments behind the program's name is exactly "-c", which asks for a console.
+// Whether one of the arguments is exactly "-c", which asks for a console. The first counts as well: who starts
+// the process with a program apart from its command line needn't repeat the program's name.
 [[nodiscard]] bool WantsConsole(const wchar_t* commandLine);
 
 } // namespace orvane::shell
