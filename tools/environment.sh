@@ -81,5 +81,8 @@ start_wine() {
     wineserver -w
     touch "$wine_prefix/.ready"
   fi
+  # The server stays up between programs. The first program starts the prefix's services, which hold on to its
+  # output; so that is one whose output nobody waits for.
   wineserver -p 2>/dev/null || true
+  wine cmd /c ver >/dev/null 2>&1 </dev/null
 }
