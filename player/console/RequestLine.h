@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-namespace CLI {
+namespace CLI { // NOLINT(readability-identifier-naming): the library's own name
 class App;
 }
 
