@@ -27,14 +27,15 @@ Bytes Selection() {
 } // namespace
 
 std::vector<ExpectedExchange> ExpectedConversation() {
-    const auto none = std::nullopt;
+    const std::string nothingToTell(4, '\0');
+    const std::string emptyList(4, '\0');
+    const std::string noArtwork = "SetArtworkInMainThread : Current plugin is null. Cannot set artwork\n";
     return {
         // name, request, reply, console
-        { "localized strings", WireBuilder().Raw("UPVMZ").U8(1).Raw("<Title><>").Get(), none,
-          "HandleUPVMMessage override me\n" },
-        { "pulse", Pulse(), "OK", "PulseVisualizer override me\n" },
+        { "localized strings", WireBuilder().Raw("UPVMZ").U8(1).Raw("<Title><>").Get(), emptyList, "" },
+        { "pulse", Pulse(), nothingToTell, "" },
         { "key input", WireBuilder().Raw("KEYI").U32(0).U32(1).U16('a').Get(), "OK",
-          "KeyInputVisualizer override me\n" },
+          "Current plugin is null. Cannot take key input\n" },
         { "show window", Tagged("SWND"), "OK", "ShowVisualizerWindow override me\n" },
         { "show window and select", Selection(), "OK",
           "ShowVisualizerWindowAndSelectVisualizer override me\n" },
@@ -43,20 +44,20 @@ std::vector<ExpectedExchange> ExpectedConversation() {
         { "leave full screen", Tagged("XTFS"), "OK", "ExitFullscreen override me\n" },
         { "post to console", WireBuilder().Raw("PM2Chello\n").U8(0).Get(), "OK",
           "PostMessageToConsole override me\n" },
-        { "deactivate", Tagged("DCTV"), "OK", "DeactivateVisualizer override me\n" },
+        { "deactivate", Tagged("DCTV"), "OK", "DeactivateVisualizerOnMainThread override me\n" },
         { "start", WireBuilder().Raw("STRT").Raw(AsText(SampleTrackBlock())).Get(), "Start",
-          "StartVisualizerPlaybackWithTrackInfo: override me\n" },
+          "PluginPipeServer::StartVisualizerWithTrackParam called\n"
+          "PluginPipeServer::StartVisualizerWithTrackParam::Current plugin is null. Cannot Start track\n" },
         { "draw", Tagged("DRAW"), "OK", "" },
-        { "idle", Tagged("IDLE"), "OK", "" },
+        { "idle", Tagged("IDLE"), "OK", "Current plugin is null. Cannot idle\n" },
         { "stop", Tagged("STOP"), "OK", "" },
         { "move", Tagged("MOVW"), "OK", "MoveVisualizer override me\n" },
-        { "reshape", WireBuilder().Raw("RSHP").U32(0).U32(0).U32(640).U32(480).Get(), "OK",
-          "ReshapeVisualizer override me\n" },
+        { "reshape", WireBuilder().Raw("RSHP").U32(0).U32(0).U32(640).U32(480).Get(), "OK", "" },
         { "activate", WireBuilder().Raw("ACTV").String(u"Nobody's Visualizer").Get(), "OK",
           "ActivateVisualizer override me\n" },
-        { "no artwork", Tagged("NOAR"), "OK", "" },
-        { "artwork of format 13", WireBuilder().Raw("AR13").Zeros(100).Get(), "OK", "" },
-        { "artwork of format 14", WireBuilder().Raw("AR14").Zeros(100).Get(), "OK", "" },
+        { "no artwork", Tagged("NOAR"), "OK", noArtwork },
+        { "artwork of format 13", WireBuilder().Raw("AR13").Zeros(100).Get(), "OK", noArtwork },
+        { "artwork of format 14", WireBuilder().Raw("AR14").Zeros(100).Get(), "OK", noArtwork },
 
         { "an unknown tag", Tagged("QQQQ"), "Not handled", "" },
         { "an unknown tag with a payload", WireBuilder().Raw("puls").Zeros(100).Get(), "Not handled", "" },
@@ -64,7 +65,7 @@ std::vector<ExpectedExchange> ExpectedConversation() {
         { "one byte", Tagged("P"), "No input message. Buffer size = 1", "HandleRequest mBytesRead < 4\n" },
         { "three bytes", Tagged("PUL"), "No input message. Buffer size = 3",
           "HandleRequest mBytesRead < 4\n" },
-        { "a pulse of four bytes", Tagged("PULS"), "OK", "PulseVisualizer override me\n" },
+        { "a pulse of four bytes", Tagged("PULS"), nothingToTell, "" },
     };
 }
 
@@ -74,8 +75,12 @@ std::string ExpectedReply(std::string_view tag) {
     return {};
 }
 
+std::string ExpectedPreparation() {
+    return "RegisterBuiltInVisualizers**********************\n";
+}
+
 std::string ExpectedStart() {
-    return "ConnectNamedPipe [ERROR_IO_PENDING].\n";
+    return ExpectedPreparation() + "ConnectNamedPipe [ERROR_IO_PENDING].\n";
 }
 
 std::string ExpectedEnd() {

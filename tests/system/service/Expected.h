@@ -15,7 +15,7 @@ struct ExpectedExchange {
     const char* name;
     Bytes request;
     std::optional<std::string> reply; // nothing: no reply is written
-    std::string console;
+    std::string console; // written by the time the next request is due; some of it comes from posted work
 };
 
 // A request of each tag, an unknown tag and requests too short for a tag, in the order of a conversation.
@@ -24,7 +24,9 @@ struct ExpectedExchange {
 // The reply to requests of that tag.
 [[nodiscard]] std::string ExpectedReply(std::string_view tag);
 
-// What the host prints from its start until it waits for its first client, and behind WM_QUIT.
+// What the host prints before it makes its pipe, from its start until it waits for its first client, and behind
+// WM_QUIT.
+[[nodiscard]] std::string ExpectedPreparation();
 [[nodiscard]] std::string ExpectedStart();
 [[nodiscard]] std::string ExpectedEnd();
 

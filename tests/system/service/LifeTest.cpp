@@ -46,7 +46,8 @@ TEST(HostLife, WithoutItsPipeItEndsWithMinusOneAndStartsNoService) {
     HostProcess host;
     ASSERT_TRUE(host.Launch());
     EXPECT_EQ(host.WaitForExit(), -1);
-    EXPECT_EQ(host.Text(), "CreateNamedPipe failed during initialization of the server. Error 231\n");
+    EXPECT_EQ(host.Text(), ExpectedPreparation() +
+                               "CreateNamedPipe failed during initialization of the server. Error 231\n");
 }
 
 // Whether the process has a console, asked by a process that has none of its own.

@@ -29,6 +29,8 @@ TEST(Requests, EachIsAnsweredAndToldOnTheConsoleInItsOwnWords) {
         const auto reply = client.Receive(kPatience);
         ASSERT_TRUE(reply.outcome);
         EXPECT_EQ(AsText(reply.bytes), *exchange.reply);
+        // Posted work may come after the reply, and must have come before the next request is told.
+        ASSERT_TRUE(host.WaitForText(console)) << host.Text();
     }
     EXPECT_EQ(client.Receive(200ms).outcome.failure, Failure::kNoReplyInTime);
 

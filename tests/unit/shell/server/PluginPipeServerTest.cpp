@@ -145,7 +145,7 @@ TEST_F(PluginPipeServerTest, PlainPostsReachTheMainThreadAndAreAnswered) {
 }
 
 TEST_F(PluginPipeServerTest, AFailedPostHasItsLineAndTheRequestIsStillAnswered) {
-    server.SetMainThreadId(0); // no thread has this id
+    server.SetMainThreadId(0xFFFFFFFC); // no thread has this id
     const std::pair<std::string, std::string> rows[] = {
         { "DRAW", "Could not post MESSAGE_DRAWV_VISUALIZER to main thread.\n" },
         { "IDLE", "Could not post MESSAGE_IDLEV_VISUALIZER to main thread.\n" },
