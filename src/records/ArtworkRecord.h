@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
 namespace orvane::records {
 
@@ -21,19 +22,22 @@ inline void FreeArtworkRecord(ArtworkRecord* record) {
     std::free(record);
 }
 
+struct ArtworkFreer {
+    void operator()(ArtworkRecord* record) const { FreeArtworkRecord(record); }
+};
+
+using ArtworkOwner = std::unique_ptr<ArtworkRecord, ArtworkFreer>;
+
 // A record with a copy of `size` bytes of `image`; without an image if `format` or `size` is 0. Null if
 // memory is short.
-[[nodiscard]] inline ArtworkRecord* MakeArtworkRecord(const std::uint8_t* image, std::size_t size,
-                                                      std::uint32_t format) {
-    auto* record = static_cast<ArtworkRecord*>(std::calloc(1, sizeof(ArtworkRecord)));
+[[nodiscard]] inline ArtworkOwner MakeArtworkRecord(const std::uint8_t* image, std::size_t size,
+                                                    std::uint32_t format) {
+    ArtworkOwner record(static_cast<ArtworkRecord*>(std::calloc(1, sizeof(ArtworkRecord))));
     if (!record) return nullptr;
     record->format = format;
     if (format == 0 || size == 0) return record;
     record->data = static_cast<std::uint8_t*>(std::malloc(size));
-    if (!record->data) {
-        FreeArtworkRecord(record);
-        return nullptr;
-    }
+    if (!record->data) return nullptr;
     std::memcpy(record->data, image, size);
     record->size = size;
     return record;

@@ -5,6 +5,8 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdlib>
+#include <memory>
 
 namespace orvane::shell {
 
@@ -23,5 +25,16 @@ enum ThreadMessage : std::uint32_t {
 struct FourWords {
     std::uint32_t values[4];
 };
+
+struct FourWordsFreer {
+    void operator()(FourWords* words) const { std::free(words); }
+};
+
+using FourWordsOwner = std::unique_ptr<FourWords, FourWordsFreer>;
+
+// A new record of zeros; null if memory is short.
+[[nodiscard]] inline FourWordsOwner MakeFourWords() {
+    return FourWordsOwner(static_cast<FourWords*>(std::calloc(1, sizeof(FourWords))));
+}
 
 } // namespace orvane::shell

@@ -4,7 +4,6 @@
 #include "shell/dispatch/ThreadMessages.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <iterator>
 
 namespace orvane::shell {
@@ -32,9 +31,8 @@ void Shape(Server& server, LPARAM payload) {
 }
 
 void SetArtwork(Server& server, LPARAM payload) {
-    auto* record = reinterpret_cast<records::ArtworkRecord*>(payload);
-    server.SetArtworkInMainThread(record);
-    records::FreeArtworkRecord(record);
+    const records::ArtworkOwner record(reinterpret_cast<records::ArtworkRecord*>(payload));
+    server.SetArtworkInMainThread(record.get());
 }
 
 struct MessageRow {

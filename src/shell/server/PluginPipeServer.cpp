@@ -132,14 +132,14 @@ bool PluginPipeServer::KeyInputVisualizer() {
     return Answer(replies::kOk);
 }
 
-bool PluginPipeServer::PostToMainThread(UINT message, const void* payload, std::string_view failureLine) {
-    if (PostThreadMessageW(MainThreadId(), message, 0, reinterpret_cast<LPARAM>(payload))) return true;
+bool PluginPipeServer::PostToMainThread(UINT message, std::string_view failureLine, LPARAM payload) {
+    if (PostThreadMessageW(MainThreadId(), message, 0, payload)) return true;
     LogLine(failureLine);
     return false;
 }
 
 bool PluginPipeServer::PostAndAnswer(UINT message, std::string_view failureLine) {
-    PostToMainThread(message, nullptr, failureLine);
+    PostToMainThread(message, failureLine);
     return Answer(replies::kOk);
 }
 
@@ -164,24 +164,22 @@ bool PluginPipeServer::DeactivateVisualizer() {
 }
 
 bool PluginPipeServer::ReshapeVisualizer() {
-    auto* words = static_cast<FourWords*>(std::malloc(sizeof(FourWords)));
-    if (words) {
-        std::memcpy(words, Exchange().Input() + reshape_request::kValues, sizeof(FourWords));
-        if (!PostToMainThread(MESSAGE_SHAPE_VISUALIZER, words,
-                              "Could not post MESSAGE_SHAPE_VISUALIZER to main thread.\n"))
-            std::free(words);
+    if (auto words = MakeFourWords()) {
+        std::memcpy(words.get(), Exchange().Input() + reshape_request::kValues, sizeof(FourWords));
+        PostToMainThread(MESSAGE_SHAPE_VISUALIZER,
+                         "Could not post MESSAGE_SHAPE_VISUALIZER to main thread.\n", std::move(words));
     }
     return Answer(replies::kOk);
 }
 
 bool PluginPipeServer::SetArtworkVisualizer(std::uint32_t format) {
     IExchange& exchange = Exchange();
-    auto* record = records::MakeArtworkRecord(exchange.Input() + artwork_request::kImage,
-                                              exchange.BytesRead() - artwork_request::kImage, format);
+    auto record = records::MakeArtworkRecord(exchange.Input() + artwork_request::kImage,
+                                             exchange.BytesRead() - artwork_request::kImage, format);
     // Short of memory, the player isn't told.
-    if (record && !PostToMainThread(MESSAGE_ARTWK_VISUALIZER, record,
-                                    "Could not post MESSAGE_ARTWK_VISUALIZER to main thread.\n"))
-        records::FreeArtworkRecord(record);
+    if (record)
+        PostToMainThread(MESSAGE_ARTWK_VISUALIZER,
+                         "Could not post MESSAGE_ARTWK_VISUALIZER to main thread.\n", std::move(record));
     return Answer(replies::kOk);
 }
 
@@ -197,7 +195,7 @@ void PluginPipeServer::TakeTrack(BufferReader& reader) {
     const bool parsed = ParseTrackBlock(reader, *track);
     mTrackParamData = std::move(track);
     if (parsed)
-        PostToMainThread(MESSAGE_START_VISUALIZER, nullptr,
+        PostToMainThread(MESSAGE_START_VISUALIZER,
                          "Could not post MESSAGE_START_VISUALIZER to main thread.\n");
 }
 

@@ -17,6 +17,7 @@
 #include "shell/wire/BufferReader.h"
 
 #include <atomic>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -57,9 +58,17 @@ public:
     void SetCurrentPluginNoLock(plugins::VisualPlugIn* plugin);
 
 protected:
-    // Posts a private message to the main thread, which takes over the payload; on failure prints
-    // `failureLine`, and the payload stays here.
-    bool PostToMainThread(UINT message, const void* payload, std::string_view failureLine);
+    // Posts a private message to the main thread; on failure prints `failureLine`.
+    bool PostToMainThread(UINT message, std::string_view failureLine, LPARAM payload = 0);
+
+    // The same with a payload, which the main thread takes over with a successful post; it is freed here with
+    // a failed one.
+    template <typename T, typename Freer>
+    bool PostToMainThread(UINT message, std::string_view failureLine, std::unique_ptr<T, Freer> payload) {
+        const bool posted = PostToMainThread(message, failureLine, reinterpret_cast<LPARAM>(payload.get()));
+        if (posted) static_cast<void>(payload.release());
+        return posted; // NOLINT(clang-analyzer-unix.Malloc): it went with the message
+    }
 
     // Makes a new zeroed track, fills it from a track block, makes it the current one and, if the block could
     // be parsed, posts its start. The caller holds mPluginLock.

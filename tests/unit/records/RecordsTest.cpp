@@ -15,19 +15,18 @@ namespace {
 
 TEST(ArtworkRecord, OwnsACopyOfTheImage) {
     std::vector<std::uint8_t> image = { 0xFF, 0xD8, 0x00, 0x01 };
-    ArtworkRecord* record = MakeArtworkRecord(image.data(), image.size(), 13);
+    const ArtworkOwner record = MakeArtworkRecord(image.data(), image.size(), 13);
     ASSERT_NE(record, nullptr);
     image.assign(4, 0);
     EXPECT_EQ(record->format, 13u);
     EXPECT_EQ(std::vector<std::uint8_t>(record->data, record->data + record->size),
               (std::vector<std::uint8_t>{ 0xFF, 0xD8, 0x00, 0x01 }));
-    FreeArtworkRecord(record);
 }
 
 TEST(ArtworkRecord, WithoutAFormatOrWithoutBytesThereIsNoImage) {
     const std::uint8_t byte = 1;
-    ArtworkRecord* noFormat = MakeArtworkRecord(&byte, 1, 0);
-    ArtworkRecord* noBytes = MakeArtworkRecord(&byte, 0, 14);
+    const ArtworkOwner noFormat = MakeArtworkRecord(&byte, 1, 0);
+    const ArtworkOwner noBytes = MakeArtworkRecord(&byte, 0, 14);
     ASSERT_TRUE(noFormat && noBytes);
     EXPECT_EQ(noFormat->data, nullptr);
     EXPECT_EQ(noFormat->size, 0u);
@@ -35,8 +34,6 @@ TEST(ArtworkRecord, WithoutAFormatOrWithoutBytesThereIsNoImage) {
     EXPECT_EQ(noBytes->data, nullptr);
     EXPECT_EQ(noBytes->size, 0u);
     EXPECT_EQ(noBytes->format, 14u);
-    FreeArtworkRecord(noFormat);
-    FreeArtworkRecord(noBytes);
 }
 
 TEST(ArtworkRecord, FreeingNoneIsGood) {

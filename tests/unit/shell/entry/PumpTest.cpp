@@ -79,7 +79,8 @@ TEST(PumpHandle, ShapeTakesFourValuesAndFreesThem) {
 TEST(PumpHandle, ArtworkIsFreedWithItsImage) {
     RecordingOperations server;
     FreedBlocks freed;
-    auto* record = records::MakeArtworkRecord(reinterpret_cast<const std::uint8_t*>("image"), 5, 13);
+    auto* record =
+        records::MakeArtworkRecord(reinterpret_cast<const std::uint8_t*>("image"), 5, 13).release();
     ASSERT_NE(record, nullptr);
     freed.Watch(record->data);
     Handle(server, 32975, freed.Watch(record));
@@ -91,7 +92,7 @@ TEST(PumpHandle, ArtworkIsFreedWithItsImage) {
 TEST(PumpHandle, ArtworkWithoutAnImageIsFreed) {
     RecordingOperations server;
     FreedBlocks freed;
-    auto* record = records::MakeArtworkRecord(nullptr, 0, 0);
+    auto* record = records::MakeArtworkRecord(nullptr, 0, 0).release();
     ASSERT_NE(record, nullptr);
     Handle(server, 32975, freed.Watch(record));
     EXPECT_EQ(server.mCalls, (Calls{ "artwork 0 'no image'" }));

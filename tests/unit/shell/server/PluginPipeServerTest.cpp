@@ -183,10 +183,9 @@ TEST_F(PluginPipeServerTest, ArtworkIsCopiedWithItsFormat) {
         EXPECT_EQ(server.Ask("AR" + std::to_string(format) + "JFIF"), "OK");
         LPARAM payload = 0;
         ASSERT_EQ(TakePosted(&payload), UINT(MESSAGE_ARTWK_VISUALIZER));
-        auto* record = reinterpret_cast<records::ArtworkRecord*>(payload);
+        const records::ArtworkOwner record(reinterpret_cast<records::ArtworkRecord*>(payload));
         EXPECT_EQ(record->format, format);
         EXPECT_EQ(std::string(reinterpret_cast<char*>(record->data), record->size), "JFIF");
-        records::FreeArtworkRecord(record);
     }
 }
 
@@ -195,11 +194,10 @@ TEST_F(PluginPipeServerTest, NoArtworkAndAnImageWithoutBytesBothPostANullImage) 
         EXPECT_EQ(server.Ask(request), "OK");
         LPARAM payload = 0;
         ASSERT_EQ(TakePosted(&payload), UINT(MESSAGE_ARTWK_VISUALIZER));
-        auto* record = reinterpret_cast<records::ArtworkRecord*>(payload);
+        const records::ArtworkOwner record(reinterpret_cast<records::ArtworkRecord*>(payload));
         EXPECT_EQ(record->data, nullptr);
         EXPECT_EQ(record->size, 0u);
         EXPECT_EQ(record->format, format);
-        records::FreeArtworkRecord(record);
     }
 }
 
@@ -395,30 +393,28 @@ TEST_F(PluginPipeServerTest, ANewTrackReplacesTheOldOneWithoutAnyStop) {
 }
 
 TEST_F(PluginPipeServerTest, MainThreadOperationsWithoutAPluginHaveTheirLinesOrNone) {
-    auto* record = records::MakeArtworkRecord(nullptr, 0, 13);
+    const auto record = records::MakeArtworkRecord(nullptr, 0, 13);
     server.DrawVisualizerInMainThread();
     server.StopVisualizerInMainThread();
     EXPECT_EQ(console.Text(), "");
     server.IdleVisualizerInMainThread();
-    server.SetArtworkInMainThread(record);
+    server.SetArtworkInMainThread(record.get());
     server.DeactivateCurrentPlugin();
     EXPECT_EQ(console.Text(), "Current plugin is null. Cannot idle\n"
                               "SetArtworkInMainThread : Current plugin is null. Cannot set artwork\n"
                               "Current plugin is null. Cannot deactivate\n");
-    records::FreeArtworkRecord(record);
 }
 
 TEST_F(PluginPipeServerTest, MainThreadOperationsReachThePlugin) {
     MakeCurrent();
     const std::uint8_t image[] = { 1, 2, 3 };
-    auto* record = records::MakeArtworkRecord(image, 3, 14);
+    const auto record = records::MakeArtworkRecord(image, 3, 14);
     server.DrawVisualizerInMainThread();
     server.IdleVisualizerInMainThread();
-    server.SetArtworkInMainThread(record);
+    server.SetArtworkInMainThread(record.get());
     server.DeactivateCurrentPlugin();
     EXPECT_EQ(log.calls, (Calls{ "Draw()", "Idle()", "SetArtwork(image, 3, 14)", "Deactivate()" }));
     EXPECT_EQ(console.Text(), "");
-    records::FreeArtworkRecord(record);
 }
 
 TEST_F(PluginPipeServerTest, OperationsOfTheWindowsAreSaidToWantOverriding) {
