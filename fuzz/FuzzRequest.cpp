@@ -168,9 +168,8 @@ public:
     }
 
     bool SetArtworkVisualizer(std::uint32_t format) override {
-        records::ArtworkRecord* record = records::MakeArtworkRecord(Payload(), PayloadSize(), format);
+        const auto record = records::MakeArtworkRecord(Payload(), PayloadSize(), format);
         Held(record && record->size == (format == 0 ? 0 : PayloadSize()));
-        records::FreeArtworkRecord(record);
         return RequestOperations::SetArtworkVisualizer(format);
     }
 
