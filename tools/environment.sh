@@ -5,6 +5,7 @@
 # wants the real one; both are ended when the script ends, however it ends.
 
 root=$PWD
+export LC_ALL=C.UTF-8 # Wine takes the names of files in it
 wine_prefix=$root/build/wine
 
 say() { printf '%s\n' "== $*"; }
@@ -28,6 +29,7 @@ need_packages() {
 }
 
 build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix libcli11-dev googletest)
+bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev)
 wine_packages=(wine wine64 fonts-wine fonts-liberation libgl1-mesa-dri xvfb)
 
 # Configures and builds a preset in silence, or shows what went wrong.

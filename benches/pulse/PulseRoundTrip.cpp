@@ -153,11 +153,13 @@ int wmain(int argc, wchar_t** argv) {
         medianRatios.push_back(hostPeer.mMedians[std::size_t(i)] / echoPeer.mMedians[std::size_t(i)]);
         tailRatios.push_back(hostPeer.mNinetyNinths[std::size_t(i)] / echoPeer.mNinetyNinths[std::size_t(i)]);
     }
-    std::printf("pulse round trip, %d rounds of %d     median      p99\n", rounds, pulses);
-    for (const Peer* peer : { &hostPeer, &echoPeer })
-        std::printf("  %-32s %7.1f us %7.1f us\n", peer->mName, MedianOf(peer->mMedians),
-                    MedianOf(peer->mNinetyNinths));
-    std::printf("  %-32s %7.3f    %7.3f   (ratios round by round, their median)\n", "host / echo",
-                MedianOf(medianRatios), MedianOf(tailRatios));
+    // The rows of the table that all benches share: job, own, peer, peer / own, the peer's name.
+    const auto row = [](const char* job, const std::vector<double>& own, const std::vector<double>& peer,
+                        const std::vector<double>& ratios) {
+        std::printf("%-46s %9.1f us %9.1f us %7.2f  echo server\n", job, MedianOf(own), MedianOf(peer),
+                    1 / MedianOf(ratios));
+    };
+    row("pulse-round-trip/median", hostPeer.mMedians, echoPeer.mMedians, medianRatios);
+    row("pulse-round-trip/p99", hostPeer.mNinetyNinths, echoPeer.mNinetyNinths, tailRatios);
     return 0;
 }

@@ -7,8 +7,8 @@
 namespace orvane::platform {
 namespace {
 
-TEST(Cores, ThereIsAtLeastOneAndNotMoreThanTheSystemRunsThreadsOn) {
-    EXPECT_GE(ProcessorCores(), 1u);
+TEST(Cores, ThereAreNotMoreThanTheSystemRunsThreadsOn) {
+    // None means that the system would not tell, as Wine without /sys.
     EXPECT_LE(ProcessorCores(), std::thread::hardware_concurrency());
 }
 
