@@ -254,7 +254,7 @@ TEST_F(ExternalVisualPlugInTest, PulseReturnsAll64BitsOfWhatTheModuleLeftWhateve
     EXPECT_EQ(mPlugIn->Pulse(nullptr, 0, 1, 2), 0x8899AABBCCDDEEFFu);
 }
 
-TEST_F(ExternalVisualPlugInTest, APulseSetsNoWindowAndDrawsEvenIfItFailed) {
+TEST_F(ExternalVisualPlugInTest, ADrawFollowsAPulseEvenIfThatFailed) {
     MakeRegistered();
     mModule.mOnMessage = [](std::uint32_t, std::uint8_t*) { return -50; };
     mPlugIn->Pulse(nullptr, 0, 0, 0);
