@@ -1,7 +1,7 @@
 // How long a pulse takes from the player's write to the reply in its hands, beside a bare echo server of the
 // same pipe settings. A Windows program: it starts the host, and itself once more as the echo.
 //
-//   bench-pulse [ROUNDS [PULSES]]      at least 5 rounds of 20,000 by default, host and echo in turn
+//   bench-pulse [ROUNDS [PULSES]]      5 rounds of 20,000 pulses to each by default, host and echo in turn
 //
 // A pulse is a 2062-byte 'PULS', its reply 4 bytes; no visualizer is current. Both peers are asked by the
 // same code, and a wrong reply ends the run.
@@ -26,6 +26,7 @@ constexpr DWORD kBufferSize = 0x100000;
 constexpr DWORD kPulseSize = 2062;
 constexpr DWORD kReplySize = 4;
 constexpr int kWarmUp = 2000;
+constexpr int kTurn = 100; // pulses to one peer before the other's turn
 
 // The echo: the pipe as the host makes it, one overlapped operation at a time, and nothing else.
 int ServeEcho() {
@@ -104,20 +105,29 @@ private:
     HANDLE mPipe = INVALID_HANDLE_VALUE;
 };
 
-bool RunRound(Peer& peer, int pulses) {
-    std::vector<double> times;
-    times.reserve(std::size_t(pulses));
-    for (int i = 0; i < pulses; ++i) {
-        const auto time = peer.Pulse();
-        if (!time) {
-            std::printf("%s: a pulse went wrong\n", peer.mName);
-            return false;
+// Pulses to both peers in short turns, so that whatever else the machine does hits both alike.
+bool RunRound(Peer& host, Peer& echo, int pulses) {
+    std::vector<double> times[2];
+    Peer* const peers[2] = { &host, &echo };
+    for (int turn = 0; turn * kTurn < pulses; ++turn)
+        for (int k = 0; k < 2; ++k) {
+            const int which = (turn + k) % 2; // each begins as often as the other
+            for (int i = 0; i < kTurn; ++i) {
+                const auto time = peers[which]->Pulse();
+                if (!time) {
+                    std::printf("%s: a pulse went wrong\n", peers[which]->mName);
+                    return false;
+                }
+                times[which].push_back(*time);
+            }
         }
-        times.push_back(*time);
+    for (int k = 0; k < 2; ++k) {
+        std::sort(times[k].begin(), times[k].end());
+        peers[k]->mMedians.push_back(times[k][times[k].size() / 2]);
+        peers[k]->mNinetyNinths.push_back(times[k][times[k].size() * 99 / 100]);
+        std::fprintf(stderr, "%s: median %.1f us, p99 %.1f us\n", peers[k]->mName, peers[k]->mMedians.back(),
+                     peers[k]->mNinetyNinths.back());
     }
-    std::sort(times.begin(), times.end());
-    peer.mMedians.push_back(times[times.size() / 2]);
-    peer.mNinetyNinths.push_back(times[times.size() * 99 / 100]);
     return true;
 }
 
@@ -141,12 +151,8 @@ int wmain(int argc, wchar_t** argv) {
 
     for (int i = 0; i < kWarmUp; ++i)
         if (!hostPeer.Pulse() || !echoPeer.Pulse()) return 1;
-    for (int round = 0; round < rounds; ++round) {
-        // The first of a pair changes from round to round, so that drift favours neither.
-        Peer& first = round % 2 ? echoPeer : hostPeer;
-        Peer& second = round % 2 ? hostPeer : echoPeer;
-        if (!RunRound(first, pulses) || !RunRound(second, pulses)) return 1;
-    }
+    for (int round = 0; round < rounds; ++round)
+        if (!RunRound(hostPeer, echoPeer, pulses)) return 1;
 
     std::vector<double> medianRatios, tailRatios;
     for (int i = 0; i < rounds; ++i) {
