@@ -103,21 +103,21 @@ std::uint32_t ImmediateRenderer::SetBlendMode(std::uint32_t mode) {
 
 ITexture* ImmediateRenderer::CreateTexture(const void* pixels, std::uint32_t width, std::uint32_t height,
                                            std::uint32_t rowPitch, std::uint32_t /*reserved*/,
-                                           std::uint32_t pixelFormat, const char* /*name*/,
+                                           std::uint32_t pixelFormat, const char* name,
                                            std::uint32_t textureUnit, bool dynamic) {
     const auto isSide = [](std::uint32_t side) { return side >= 1 && side <= kLargestTextureSide; };
     if (!isSide(width) || !isSide(height) || BytesPerTexel(pixelFormat) == 0) return nullptr;
     if (pixels == nullptr && !dynamic) return nullptr;
-    return MakeTexture({ width, height, pixelFormat, textureUnit, dynamic, pixels, rowPitch });
+    return MakeTexture({ width, height, pixelFormat, textureUnit, dynamic, pixels, rowPitch, name });
 }
 
-IBufferTexture* ImmediateRenderer::CreateBufferTexture(std::uint32_t elementCount, const char* /*name*/,
+IBufferTexture* ImmediateRenderer::CreateBufferTexture(std::uint32_t elementCount, const char* name,
                                                        std::uint32_t textureUnit) {
     if (elementCount == 0 || elementCount > kLargestTextureSide) return nullptr;
-    return MakeBufferTexture(elementCount, textureUnit);
+    return MakeBufferTexture(elementCount, textureUnit, name);
 }
 
-std::uint32_t ImmediateRenderer::CreateVertexBuffer(const char* /*name*/, std::uint32_t primitive,
+std::uint32_t ImmediateRenderer::CreateVertexBuffer(const char* name, std::uint32_t primitive,
                                                     IRenderingPipeline* pipeline, std::uint32_t vertexCount,
                                                     std::uint32_t /*reserved*/, const void* initialData) {
     if (pipeline == nullptr || vertexCount == 0) return kNoVertexBuffer;
@@ -126,7 +126,7 @@ std::uint32_t ImmediateRenderer::CreateVertexBuffer(const char* /*name*/, std::u
     const ShaderSetRow& set = ShaderSetRowOf(ours->Row().set);
     if (vertexCount > std::numeric_limits<std::uint32_t>::max() / set.stride) return kNoVertexBuffer;
     auto object = MakeVertexObject(
-        { ours, set.stride, vertexCount, set.stride * vertexCount, primitive, set.usesMatrices },
+        { ours, set.stride, vertexCount, set.stride * vertexCount, primitive, set.usesMatrices, name },
         initialData);
     if (!object) return kNoVertexBuffer;
     mVertexObjects.push_back(std::move(object));

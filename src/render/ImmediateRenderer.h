@@ -26,6 +26,7 @@ struct TextureDescription {
     bool dynamic;
     const void* pixels; // null only for a dynamic texture
     std::uint32_t rowPitch;
+    const char* name; // for people
 };
 
 class ImmediateRenderer : public CRenderer {
@@ -96,7 +97,8 @@ protected:
 
     // A texture with a count of one, a writable array; null when there is no resource.
     virtual ITexture* MakeTexture(const TextureDescription& description) = 0;
-    virtual IBufferTexture* MakeBufferTexture(std::uint32_t elementCount, std::uint32_t textureUnit) = 0;
+    virtual IBufferTexture* MakeBufferTexture(std::uint32_t elementCount, std::uint32_t textureUnit,
+                                              const char* name) = 0;
 
     // `initialData` is null or holds description.sizeInBytes bytes. Null when there is no resource.
     virtual std::unique_ptr<VertexObject> MakeVertexObject(const VertexDescription& description,

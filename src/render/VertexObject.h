@@ -15,6 +15,7 @@ struct VertexDescription {
     std::uint32_t sizeInBytes;
     std::uint32_t primitive; // PrimitiveKind
     bool usesMatrices;       // false: the vertices are in clip space and no matrix is written for a draw
+    const char* name;        // for people; good during the making of the object
 };
 
 class VertexObject : public IVAO {
