@@ -25,7 +25,7 @@ void ImmediateRenderer::ReleaseVertexObjects() {
 // KEEP: the near plane given is not used; it stands at 1.
 // So a caller's 0.1 or 10 changes nothing.
 // Callers' scenes are laid out for it.
-// Pinned by ImmediateRenderer.PerspectiveWithAnyNearPlaneIsTheSameMatrix.
+// Pinned by ImmediateRendererTest.PerspectiveWithAnyNearPlaneIsTheSameMatrix.
 void ImmediateRenderer::PushPerspectiveProjection(float fovY, float aspect, float /*nearPlane*/,
                                                   float farPlane) {
     mProjection.Push(PerspectiveMatrix(fovY, aspect, farPlane));
@@ -181,7 +181,7 @@ bool ImmediateRenderer::DrawVertexBuffer(ITexture* texture, int bufferId, int fi
 // KEEP: the matrix is written whether the buffer uses matrices or not, to the vertex stage alone, and stays
 // bound. So a buffer in clip space costs a write that its shader doesn't read.
 // By design: nothing but transformed buffers is drawn in instances.
-// Pinned by ImmediateRenderer.InstancesWriteTheMatrixEvenForABufferInClipSpace.
+// Pinned by ImmediateRendererTest.InstancesWriteTheMatrixEvenForABufferInClipSpace.
 bool ImmediateRenderer::DrawVertexBufferInstances(int bufferId, int firstVertex, int vertexCount,
                                                   int instanceCount, InstanceTransform transform) {
     if (vertexCount == 0) return true;
