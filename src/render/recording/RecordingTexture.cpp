@@ -1,6 +1,8 @@
 #include "render/recording/RecordingTexture.h"
 
+#include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace orvane::render {
 
@@ -28,7 +30,9 @@ void RecordingTexture::Unbind() {
 bool RecordingTexture::Map(TextureMapping& mapping) {
     if (!mResource->dynamic || mDevice.refuseTextureMapping) return false;
     RecordedImage& image = mResource->Discard(mDevice.spoilDiscarded);
-    mapping = { image.bytes.data(), image.rowPitch, image.rowPitch * image.height };
+    const std::size_t most = std::numeric_limits<std::uint32_t>::max();
+    mapping = { image.bytes.data(), image.rowPitch,
+                static_cast<std::uint32_t>(std::min(image.bytes.size(), most)) };
     return true;
 }
 

@@ -271,12 +271,13 @@ TEST_F(ImmediateRendererTest, ADrawRunsUnderItsPipelinesBlendModeAndPutsTheOldOn
     EXPECT_EQ(mRenderer.Calls(), expected);
 }
 
-TEST_F(ImmediateRendererTest, ABufferInClipSpaceIsDrawnWithoutAMatrix) {
+TEST_F(ImmediateRendererTest, ABufferInClipSpaceIsDrawnWithoutAMatrixAfterAnyDraw) {
     const int id = MakeBuffer(kPosition_TextureCoord_CLUT_TexelFetch_BlendingOFF, 4);
     mRenderer.PushModelView();
     mRenderer.Translate(1, 2, 3);
+    EXPECT_EQ(DrawnMatrix(), TranslationMatrix(1, 2, 3)) << "unbound behind that draw";
     EXPECT_TRUE(mRenderer.DrawVertexBuffer(nullptr, id, 0, 4));
-    EXPECT_FALSE(mRenderer.Draws()[0].matrix.has_value());
+    EXPECT_FALSE(mRenderer.Draws()[1].matrix.has_value());
 }
 
 TEST_F(ImmediateRendererTest, AccessGivesTheWholeBufferAndTheDrawShowsWhatWasWritten) {
