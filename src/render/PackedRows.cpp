@@ -24,7 +24,7 @@ struct Run {
     bool repeats = false;  // one byte `count` times, rather than `count` bytes
 
     explicit Run(std::uint8_t control) {
-        const int c = std::int8_t(control);
+        const int c = control < 0x80 ? control : control - 0x100;
         repeats = c < 0;
         // KEEP: 0x80 is a run of 129, although the packing scheme elsewhere lets that byte mean nothing.
         // Pictures are made for this reader, so it stays. Pinned by PackedRows.ControlByte80IsARunOf129.

@@ -74,8 +74,9 @@ void CoverageMap::Sample(const Inside& inside) {
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x) {
             int hits = 0;
-            for (int i = 0; i < kSamples * kSamples; ++i)
-                hits += inside(x + (i % kSamples + 0.5) / kSamples, y + (i / kSamples + 0.5) / kSamples);
+            for (int j = 0; j < kSamples; ++j)
+                for (int i = 0; i < kSamples; ++i)
+                    hits += inside(x + (i + 0.5) / kSamples, y + (j + 0.5) / kSamples);
             At(x, y) = double(hits) / (kSamples * kSamples);
         }
 }

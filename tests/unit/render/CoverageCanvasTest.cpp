@@ -44,7 +44,8 @@ bool PaddingIsZero(IRenderer2D& canvas) {
     canvas.ReadPixels(block);
     for (int y = 0; y < block.mHeight; ++y)
         for (int x = block.mWidth; x < block.mRowBytes; ++x)
-            if (block.mBytes[std::size_t(y * block.mRowBytes + x)] != 0) return false;
+            if (block.mBytes[std::size_t(y) * std::size_t(block.mRowBytes) + std::size_t(x)] != 0)
+                return false;
     return true;
 }
 
