@@ -17,12 +17,16 @@ void RegisterOnce() {
     static_cast<void>(sClass);
 }
 
+// Shown without being activated: where no window manager runs, Wine takes an activated window for a managed
+// one, and waits two seconds for the manager when the window goes.
 HWND Open(DWORD style, HWND parent, int offset, int width, int height) {
     RECT rect{ 0, 0, width, height };
     AdjustWindowRect(&rect, style, FALSE);
-    return CreateWindowExW(0, kClassName, L"Orvane test", style | WS_VISIBLE, offset, offset,
-                           rect.right - rect.left, rect.bottom - rect.top, parent, nullptr,
-                           GetModuleHandleW(nullptr), nullptr);
+    const HWND window =
+        CreateWindowExW(0, kClassName, L"Orvane test", style, offset, offset, rect.right - rect.left,
+                        rect.bottom - rect.top, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
+    ShowWindow(window, SW_SHOWNOACTIVATE);
+    return window;
 }
 
 } // namespace
