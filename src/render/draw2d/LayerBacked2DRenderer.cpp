@@ -1,0 +1,51 @@
+#include "render/draw2d/LayerBacked2DRenderer.h"
+
+#include "render/draw2d/Factories.h"
+
+#include <utility>
+
+namespace orvane::render {
+
+using Microsoft::WRL::ComPtr;
+
+SurfaceStatus LayerBacked2DRenderer::InitializeSurface(std::uint32_t width, std::uint32_t height,
+                                                       bool alphaOnly) {
+    ReleaseTarget();
+    mBitmap.Reset();
+    ID2D1Factory* const drawing = Direct2DFactory();
+    if (!drawing) return kSurface_NoDirect2DFactory;
+    IWICImagingFactory* const imaging = ImagingFactory();
+    if (!imaging) return kSurface_NoImagingFactory;
+
+    ComPtr<IWICBitmap> bitmap;
+    const GUID& format = alphaOnly ? GUID_WICPixelFormat8bppAlpha : GUID_WICPixelFormat32bppPBGRA;
+    if (FAILED(imaging->CreateBitmap(width, height, format, WICBitmapCacheOnLoad, &bitmap)))
+        return kSurface_NoBitmap;
+
+    ComPtr<ID2D1RenderTarget> target;
+    const auto software = D2D1::RenderTargetProperties(D2D1_RENDER_TARGET_TYPE_SOFTWARE);
+    if (FAILED(drawing->CreateWicBitmapRenderTarget(bitmap.Get(), software, &target)))
+        return kSurface_NoRenderTarget;
+    if (const auto status = TakeTarget(std::move(target), width, height); status != kSurface_Success)
+        return status;
+    if (!TextFactory()) {
+        ReleaseTarget();
+        return kSurface_NoTextFactory;
+    }
+    mBitmap = std::move(bitmap);
+    return kSurface_Success;
+}
+
+void LayerBacked2DRenderer::ReadPixels(BitmapProcessingFunctor& functor) {
+    if (!mBitmap) return;
+    const WICRect whole = { 0, 0, INT(mWidth), INT(mHeight) };
+    ComPtr<IWICBitmapLock> lock; // the bitmap is unlocked when this goes
+    UINT rowBytes = 0, byteCount = 0;
+    BYTE* pixels = nullptr;
+    if (FAILED(mBitmap->Lock(&whole, WICBitmapLockWrite, &lock)) || FAILED(lock->GetStride(&rowBytes)) ||
+        FAILED(lock->GetDataPointer(&byteCount, &pixels)))
+        return;
+    functor.Process(pixels, int(mWidth), int(mHeight), int(rowBytes), byteCount);
+}
+
+} // namespace orvane::render
