@@ -29,7 +29,7 @@ need_packages() {
 }
 
 build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix libcli11-dev googletest)
-bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev)
+bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev libcairo2-dev pkg-config)
 wine_packages=(wine wine64 fonts-wine fonts-liberation libgl1-mesa-dri xvfb)
 
 # Configures and builds a preset in silence, or shows what went wrong.
@@ -85,6 +85,6 @@ start_wine() {
   fi
   # The server stays up between programs. The first program starts the prefix's services, which hold on to its
   # output; so that is one whose output nobody waits for.
-  wineserver -p 2>/dev/null || true
+  wineserver -p >/dev/null 2>&1 </dev/null || true
   wine cmd /c ver >/dev/null 2>&1 </dev/null
 }
