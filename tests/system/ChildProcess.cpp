@@ -1,5 +1,10 @@
 #include "system/ChildProcess.h"
 
+#include "system/LimitedToken.h"
+
+#include <algorithm>
+#include <memory>
+
 namespace orvane::tests {
 
 namespace {
@@ -8,9 +13,29 @@ constexpr UINT kKilled = 0xDEAD; // exit code of a process that a test ended fro
 constexpr DWORD kOutputPipeBytes = 1 << 16;
 constexpr DWORD kPollMilliseconds = 2;
 
+// This process's environment, each of `variables` in the place of one of the same name: texts with a zero behind
+// each and one behind all. Names are compared as they stand.
+std::wstring EnvironmentWith(const std::vector<std::pair<std::wstring, std::wstring>>& variables) {
+    const std::unique_ptr<wchar_t, decltype(&FreeEnvironmentStringsW)> own(GetEnvironmentStringsW(),
+                                                                           &FreeEnvironmentStringsW);
+    std::wstring block;
+    for (const wchar_t* at = own.get(); *at;) {
+        const std::wstring_view variable = at;
+        at += variable.size() + 1;
+        const bool replaced = std::any_of(variables.begin(), variables.end(), [&](const auto& other) {
+            return variable.starts_with(other.first + L"=");
+        });
+        if (!replaced) block.append(variable).push_back(L'\0');
+    }
+    for (const auto& [name, value] : variables) block.append(name + L"=" + value).push_back(L'\0');
+    block.push_back(L'\0');
+    return block;
+}
+
 } // namespace
 
-bool ChildProcess::Start(const std::wstring& program, const std::wstring& arguments, DWORD flags) {
+bool ChildProcess::Start(const std::wstring& program, const std::wstring& arguments,
+                         const StartOptions& options) {
     HANDLE readEnd = nullptr;
     HANDLE writeEnd = nullptr;
     if (!CreatePipe(&readEnd, &writeEnd, nullptr, kOutputPipeBytes)) return false;
@@ -24,9 +49,14 @@ bool ChildProcess::Start(const std::wstring& program, const std::wstring& argume
     startup.hStdOutput = writeEnd;
     startup.hStdError = writeEnd;
     std::wstring commandLine = L"\"" + program + L"\" " + arguments;
+    std::wstring environment = EnvironmentWith(options.variables);
+    const player::UniqueHandle token = options.limited ? MakeLimitedToken() : nullptr;
+    if (options.limited && !token) return false;
+    const DWORD flags = options.flags | CREATE_UNICODE_ENVIRONMENT;
     PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, flags, nullptr, nullptr,
-                        &startup, &process))
+    // Without a token it is CreateProcessW.
+    if (!CreateProcessAsUserW(token.get(), program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, flags,
+                              environment.data(), nullptr, &startup, &process))
         return false;
     CloseHandle(process.hThread);
     mProcess = player::Adopt(process.hProcess);

@@ -11,11 +11,20 @@
 #include <string>
 #include <string_view>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace orvane::tests {
 
 // How long a test waits for what must come. No test depends on how soon it does.
 constexpr std::chrono::milliseconds kPatience{ 60000 };
+
+// How a process is started where it isn't as its parent.
+struct StartOptions {
+    DWORD flags = 0;      // of process creation
+    bool limited = false; // with the limited token of LimitedToken.h
+    std::vector<std::pair<std::wstring, std::wstring>> variables = {}; // of its environment: name, value
+};
 
 class ChildProcess {
 public:
@@ -26,9 +35,9 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    // Starts `program` with its standard output and standard error going into Text(). `flags` are those of
-    // process creation. Once for each object.
-    [[nodiscard]] bool Start(const std::wstring& program, const std::wstring& arguments, DWORD flags = 0);
+    // Starts `program` with its standard output and standard error going into Text(). Once for each object.
+    [[nodiscard]] bool Start(const std::wstring& program, const std::wstring& arguments,
+                             const StartOptions& options = {});
 
     // All that it has written so far.
     [[nodiscard]] std::string Text() const;

@@ -43,7 +43,9 @@ QuerySystemInformation FindQuery() {
 bool HostProcess::Launch(const std::wstring& arguments) {
     // Detached: a windowed program gets no console from whoever starts it, but not every system sees to that by
     // itself for the child of a console program.
-    return Start(ProgramBeside(L"orvane-visualizer.exe"), arguments, DETACHED_PROCESS);
+    const std::wstring program =
+        mSetting.program.empty() ? ProgramBeside(L"orvane-visualizer.exe") : mSetting.program;
+    return Start(program, arguments, { DETACHED_PROCESS, mSetting.limited, mSetting.variables });
 }
 
 bool HostProcess::Serve(const std::wstring& arguments) {

@@ -54,7 +54,7 @@ TEST(HostLife, WithoutItsPipeItEndsWithMinusOneAndStartsNoService) {
 std::optional<int> AttachToConsoleOf(const HostProcess& host) {
     ChildProcess asker;
     const std::wstring arguments = std::wstring(kAttachConsoleRole) + L" " + std::to_wstring(host.Id());
-    if (!asker.Start(OwnProgram(), arguments, DETACHED_PROCESS)) return std::nullopt;
+    if (!asker.Start(OwnProgram(), arguments, { .flags = DETACHED_PROCESS })) return std::nullopt;
     return asker.WaitForExit();
 }
 

@@ -1,0 +1,34 @@
+// What a host process has in use, as the system tells it.
+#pragma once
+
+#include "system/HostProcess.h"
+
+#include <cstddef>
+#include <string>
+
+namespace orvane::tests {
+
+// Where the system keeps a folder for each of its processes, it is looked up there once, by an argument that no
+// other process has; elsewhere the process itself is asked. Observes `host`, which must be running.
+class HostUsage {
+public:
+    HostUsage(const HostProcess& host, const std::string& uniqueArgument);
+
+    // Bytes in memory now, and the most that there ever were. 0 if it can't be told.
+    [[nodiscard]] std::size_t MemoryBytes() const;
+    [[nodiscard]] std::size_t MostMemoryBytes() const;
+
+    // Open files, pipes and sockets; where they aren't to be had, open handles.
+    [[nodiscard]] std::size_t Descriptors() const;
+
+    // Time of the processor, in seconds; of all threads, in the system as well.
+    [[nodiscard]] double ProcessorSeconds() const;
+
+private:
+    [[nodiscard]] std::size_t StatusBytes(const char* field) const;
+
+    const HostProcess& mHost;
+    std::wstring mFolder; // empty: there is none
+};
+
+} // namespace orvane::tests
