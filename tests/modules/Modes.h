@@ -18,6 +18,7 @@ enum Habit : unsigned {
     kChangesState = 4,      // floating-point control, current folder and locale, in every call
     kOpensWindows = 8,      // child windows in the proxy, destroyed some time after 'Vdct'
     kLoadsSlowly = 16,      // some 300 ms
+    kCounts = 32,           // counts its messages instead of logging them (Counts.h)
 };
 
 struct Mode {
@@ -37,6 +38,7 @@ struct Mode {
 
 constexpr Mode kModes[] = {
     { .name = "recorder", .options = ORVANE_OPTION_IDLE },
+    { .name = "counter", .options = ORVANE_OPTION_IDLE, .habits = kCounts },
     // The entry. "no-entry" exports something else and is made without OrvanePluginMain.
     { .name = "no-entry" },
     { .name = "entry-fails", .entry = Entry::DoesNot, .entryStatus = kEntryFailure },

@@ -1,5 +1,6 @@
 // A test module. Compiled once for each row of Modes.h; ORVANE_TEST_MODE is the row's name and the DLL's.
 // Whatever the mode, each call is logged (LogWriter.h) and the figures of ModuleFigures.h are registered.
+#include "Counts.h"
 #include "Habits.h"
 #include "LogWriter.h"
 #include "Modes.h"
@@ -65,6 +66,13 @@ std::size_t RecordSize(std::uint32_t message) {
     }
 }
 
+// What only counts is heard of in the log at its end alone.
+void LogCounts(const void* refcon) {
+    const CountsRecord counts = CountsSoFar();
+    WriteCallLine({ ORVANE_TEST_MODE, CallKind::Handler, ORVANE_MSG_DEACTIVATE, refcon, 0, nullptr, 0,
+                    &counts, sizeof(counts) });
+}
+
 void LogHandlerCall(std::uint32_t message, const void* record, const void* refcon) {
     CallLine line = { ORVANE_TEST_MODE, CallKind::Handler,   message, refcon, 0,
                       record,           RecordSize(message), nullptr, 0 };
@@ -97,7 +105,12 @@ std::int32_t Deactivate() {
 }
 
 std::int32_t Handle(std::uint32_t message, void* record, void* refcon) {
-    LogHandlerCall(message, record, refcon);
+    if (Has(kCounts)) {
+        CountMessage(message, record);
+        if (message == ORVANE_MSG_DEACTIVATE) LogCounts(refcon);
+    } else {
+        LogHandlerCall(message, record, refcon);
+    }
     if (Has(kChangesState)) ChangeState();
     switch (message) {
     case ORVANE_MSG_INIT:

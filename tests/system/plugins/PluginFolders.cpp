@@ -29,16 +29,31 @@ fs::path RoamingDataFolder() {
     return ValueOf(L"APPDATA") / "Kelbo Computer" / "Orvane" / "Orvane Plug-ins";
 }
 
+// Removes a folder with all that is in it, however long the paths become. False if something stays.
+bool RemoveTree(const std::wstring& folder) {
+    const std::wstring verbatim = LR"(\\?\)" + folder;
+    WIN32_FIND_DATAW found = {};
+    const HANDLE search = FindFirstFileW((verbatim + L"\\*").c_str(), &found);
+    if (search != INVALID_HANDLE_VALUE) {
+        do {
+            const std::wstring name = found.cFileName;
+            if (name == L"." || name == L"..") continue;
+            if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+                RemoveTree(folder + L"\\" + name);
+            else
+                DeleteFileW((verbatim + L"\\" + name).c_str());
+        } while (FindNextFileW(search, &found));
+        FindClose(search);
+    }
+    return RemoveDirectoryW(verbatim.c_str()) != FALSE;
+}
+
 // Removes the folder if a test made it, and then so many folders above it as are empty; otherwise nothing. A
 // process that has just ended may hold on to its files for a moment.
 void RemoveIfOurs(const fs::path& folder, int parents) {
     std::error_code ignored;
     if (!fs::exists(folder / kMarker, ignored)) return;
-    (void)WaitUntil([&] {
-        std::error_code error;
-        fs::remove_all(folder, error);
-        return !fs::exists(folder, ignored);
-    });
+    if (!WaitUntil([&] { return RemoveTree(folder.wstring()); })) return;
     fs::path parent = folder.parent_path();
     for (int i = 0; i < parents; ++i, parent = parent.parent_path())
         if (!fs::is_empty(parent, ignored) || !fs::remove(parent, ignored)) return;

@@ -1,4 +1,5 @@
 // The test modules do what their rows say. Tests of the host rest on that.
+#include "Counts.h"
 #include "Modes.h"
 #include "ModuleFigures.h"
 #include "support/ModuleLog.h"
@@ -74,6 +75,7 @@ TEST_F(TestModules, EachEntryAnswersAsItsRowSays) {
         std::size_t registrations; // accepted
     } rows[] = {
         { "recorder", 0, 1 },
+        { "counter", 0, 1 },
         { "entry-fails", kEntryFailure, 0 },
         { "entry-fails-registered", kEntryFailure, 1 },
         { "never-registers", 0, 0 },
@@ -217,6 +219,37 @@ TEST_F(TestModules, TheRecorderKeepsEveryByteThatItWasSent) {
     const auto draws = CallsOf(calls, Kind::Handler, ORVANE_MSG_DRAW);
     ASSERT_EQ(draws.size(), 1u);
     EXPECT_FALSE(draws[0].record);
+}
+
+TEST_F(TestModules, TheCounterLogsItsCountsAloneAndSeesSoundThatIsNotThePulsesOwn) {
+    PlayedHost host(Module("counter"));
+    host.Enter();
+    host.Send(ORVANE_MSG_DEACTIVATE); // the module may have been in use before
+    OrvaneRenderData sound = {};
+    sound.waveform[0][0] = 5;
+    sound.spectrum[1][511] = 5;
+    host.Pulse(sound, 0x105, 0);
+    host.Pulse(sound, 0x106, 0);
+    host.Send(ORVANE_MSG_STOP);
+    host.Send(ORVANE_MSG_DEACTIVATE);
+
+    std::vector<CountsRecord> counts;
+    for (const auto& call : Calls()) {
+        if (call.kind != Kind::Handler) continue;
+        EXPECT_EQ(call.message, ORVANE_MSG_DEACTIVATE);
+        ASSERT_EQ(call.data->size(), sizeof(CountsRecord));
+        std::memcpy(&counts.emplace_back(), call.data->data(), sizeof(CountsRecord));
+    }
+    ASSERT_EQ(counts.size(), 2u);
+    const auto between = [&](std::uint32_t message) {
+        return counts[1].of[IndexOfCount(message)] - counts[0].of[IndexOfCount(message)];
+    };
+    EXPECT_EQ(between(ORVANE_MSG_PULSE), 2u);
+    EXPECT_EQ(between(ORVANE_MSG_DRAW), 2u);
+    EXPECT_EQ(between(ORVANE_MSG_STOP), 1u);
+    EXPECT_EQ(between(ORVANE_MSG_DEACTIVATE), 1u);
+    EXPECT_EQ(between(ORVANE_MSG_PLAY), 0u);
+    EXPECT_EQ(counts[1].foreignSound - counts[0].foreignSound, 1u);
 }
 
 TEST_F(TestModules, CallsHostSendsAllFourFromTwoThreadsAndAgainAfterDeactivation) {
