@@ -14,8 +14,9 @@ namespace {
 
 using player::PipeClient;
 
-constexpr std::size_t kMemorySlack = 1
-                                     << 20; // bytes: far below what a leak would take, above the system's own
+// What counts as flat: what the system itself takes and gives back goes up and down by less.
+constexpr double kMemorySlack = 1.02;
+constexpr std::size_t kHandleSlack = 4;
 
 bool IsLong() {
     const char* wish = std::getenv("ORVANE_SOAK");
@@ -51,8 +52,8 @@ TEST(Soak, ThousandsOfRequestsLeaveMemoryAndHandlesAsTheyWere) {
 
     ASSERT_NO_FATAL_FAILURE(Talk(client, IsLong() ? 100000 : 5000));
     Report("after", host);
-    EXPECT_LE(host.WorkingSetBytes(), memory + kMemorySlack);
-    EXPECT_EQ(host.OpenHandles(), handles);
+    EXPECT_LE(double(host.WorkingSetBytes()), double(memory) * kMemorySlack);
+    EXPECT_LE(host.OpenHandles(), handles + kHandleSlack);
 }
 
 TEST(Soak, HundredsOfClientsLeaveNoHandleBehind) {
@@ -68,7 +69,7 @@ TEST(Soak, HundredsOfClientsLeaveNoHandleBehind) {
         if (i == warmUp) Report("before", host);
         if (i == warmUp + clients - 1) {
             Report("after", host);
-            EXPECT_EQ(host.OpenHandles(), handles);
+            EXPECT_LE(host.OpenHandles(), handles + kHandleSlack);
         }
     }
 }
