@@ -26,6 +26,10 @@ struct BlendCase {
     Colour result;
 };
 
+void PrintTo(const BlendCase& row, std::ostream* out) {
+    *out << "kind " << row.kind;
+}
+
 class Blend : public Direct3DTest {
 protected:
     // A whole target of kSource in the shape that the kind's set takes.
