@@ -3,8 +3,9 @@
 #include "system/plugins/PluginsTest.h"
 #include "system/plugins/host/TestHost.h"
 
+#include <psapi.h>
+
 #include <algorithm>
-#include <functional>
 
 namespace orvane::tests {
 namespace {
@@ -137,6 +138,33 @@ TEST_F(ModulePlaces, AFolderTooDeepForThePatternIsGivenUpInSilence) {
     ASSERT_NO_FATAL_FAILURE(ServeTestHost(std::wstring(kScanArgument) + L" " + folder.wstring()));
     EXPECT_EQ(List().plugins.size(), 0u);
     EXPECT_EQ(QuitAndRead(), kBuiltInsLine + std::string(kWaitingForClient) + kExitLine);
+}
+
+// Whether the host has a module of that name in its memory.
+bool HasLoaded(HANDLE process, const wchar_t* name) {
+    HMODULE modules[512] = {};
+    DWORD bytes = 0;
+    EnumProcessModules(process, modules, sizeof(modules), &bytes);
+    return std::any_of(modules, modules + bytes / sizeof(HMODULE), [&](HMODULE module) {
+        wchar_t base[MAX_PATH] = {};
+        GetModuleBaseNameW(process, module, base, MAX_PATH);
+        return std::wstring_view(base) == name;
+    });
+}
+
+TEST_F(ModulePlaces, AModuleWithoutTheEntryIsReportedLeavesNoEntryInTheListAndStaysLoaded) {
+    const fs::path module = mFolders.Lay(Folder::kRoamingData, "no-entry");
+    ASSERT_NO_FATAL_FAILURE(ServeHost());
+    EXPECT_EQ(Ask("UPVM"), std::string(4, '\0'));
+    EXPECT_TRUE(HasLoaded(mHost->Process(), L"no-entry.dll"));
+    EXPECT_FALSE(HasLoaded(mHost->Process(), L"recorder.dll"));
+    EXPECT_EQ(QuitAndRead(), kBuiltInsLine + RegisteringLine(module) +
+                                 "Could not find proc address for OrvanePluginMain in this plugin.\n"
+                                 "Initialize failed when registering \"" +
+                                 Shown(module) +
+                                 "\"\n"
+                                 "Cannot deactivate plugin. mVisualPluginProcPtr == null\n" +
+                                 std::string(kWaitingForClient) + kExitLine);
 }
 
 TEST_F(ModulePlaces, AModuleThatChangesFolderAndLocaleAndRoundingLeavesTheNextOnesAsTheyWere) {
