@@ -31,6 +31,20 @@ function(orvane_library folder)
   endif()
 endfunction()
 
+# orvane_objects(<folder> SOURCES ... [LINKS ...])
+#
+# As orvane_library, for a folder whose objects define what a lower library leaves open: they are linked as
+# they stand into each program that names the target, where an archive would be searched too early.
+function(orvane_objects folder)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  string(REPLACE "/" "-" target ${folder})
+  orvane_header_links(${target} ${CMAKE_CURRENT_SOURCE_DIR} ${folder} include_folder)
+  list(TRANSFORM ARG_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/)
+  add_library(${target} OBJECT ${ARG_SOURCES})
+  target_include_directories(${target} PUBLIC ${include_folder})
+  target_link_libraries(${target} PUBLIC ${ARG_LINKS} PRIVATE orvane-options)
+endfunction()
+
 # Links every header of `folder` below `root` into an include folder of the build tree that belongs to `target`
 # alone.
 function(orvane_header_links target root folder result)

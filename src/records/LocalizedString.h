@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -18,5 +17,27 @@ struct LocalizedString {
 static_assert(sizeof(LocalizedString) == 264 && offsetof(LocalizedString, value) == 256);
 
 using LocalizedStrings = std::vector<LocalizedString>;
+
+// The field's text as a zero-terminated one. A key of 256 bytes isn't terminated: its text runs on into the
+// value, which lies in the same entry, and ends there, 264 bytes from its start at the latest. A value of 8
+// bytes ends with the entry.
+[[nodiscard]] inline std::string_view KeyText(const LocalizedString& entry) {
+    const auto* start = reinterpret_cast<const char*>(&entry);
+    const std::string_view whole(start, sizeof entry);
+    return whole.substr(0, whole.find('\0'));
+}
+
+[[nodiscard]] inline std::string_view ValueText(const LocalizedString& entry) {
+    const std::string_view whole(entry.value, sizeof entry.value);
+    return whole.substr(0, whole.find('\0'));
+}
+
+// An entry of these texts, each cut to its field.
+[[nodiscard]] inline LocalizedString MakeLocalizedString(std::string_view key, std::string_view value) {
+    LocalizedString entry{};
+    key.copy(entry.key, sizeof entry.key);
+    value.copy(entry.value, sizeof entry.value);
+    return entry;
+}
 
 } // namespace orvane::records
