@@ -27,10 +27,11 @@ enum RenderMode : std::uint32_t { kFullRate = 0, kFullRateToo = 1, kHalfRate = 2
 } // namespace
 
 // KEEP: elapsed begins as the clock's time and not as 0. So a track info fade that is restarted before the
-// first frame, as every creation does, counts from a moment far ahead in terms of later frames, and the track
-// panel stays at full strength until something restarts the fade: the track that was playing when the
-// visualizer was opened is shown until the next one. Pinned by
-// FrameClock.ElapsedBeginsAsTheStartTimeSoThatAFadeRestartedBeforeTheFirstFrameDoesNotRun.
+// first frame, as every creation does, counts from a moment that lies the clock's time ahead of the first
+// frame: the track that was playing when the visualizer was opened is shown at full strength for as long as
+// the clock had already been running, or until the next track restarts the fade. Whoever opens a visualizer
+// wants to know what is playing. Pinned by
+// FrameClock.ElapsedBeginsAsTheStartTimeSoThatAFadeRestartedBeforeTheFirstFrameBeginsThatMuchLater.
 Visualizer::Visualizer(double startTime, Size minimumSize)
     : mMinimumSize(minimumSize)
     , mViewSize(minimumSize)

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace orvane::records {
@@ -76,6 +77,23 @@ TEST(TrackParam, ANewTrackIsZeroInEveryByteAndShared) {
     track->mTrackStartA = -7;
     track.reset();
     EXPECT_EQ(other->mTrackStartA, -7) << "one holder is gone, the track is not";
+}
+
+TEST(LocalizedString, TextsEndAtTheirTerminatorsAndAtTheEntrysEndAtTheLatest) {
+    const LocalizedString plain = MakeLocalizedString("Show help", "H");
+    EXPECT_EQ(KeyText(plain), "Show help");
+    EXPECT_EQ(ValueText(plain), "H");
+    const std::string key(256, 'k');
+    EXPECT_EQ(KeyText(MakeLocalizedString(key, "H")), key + "H") << "runs on into the value";
+    const LocalizedString full = MakeLocalizedString(key, "12345678");
+    EXPECT_EQ(KeyText(full), key + "12345678");
+    EXPECT_EQ(ValueText(full), "12345678");
+    EXPECT_EQ(KeyText(LocalizedString{}), "");
+}
+
+TEST(LocalizedString, IsMadeOfTextsCutToTheirFields) {
+    const LocalizedString cut = MakeLocalizedString(std::string(300, 'k'), "123456789");
+    EXPECT_EQ(KeyText(cut), std::string(256, 'k') + "12345678");
 }
 
 TEST(PulseEvents, NothingIsPendingAtFirst) {
