@@ -88,3 +88,9 @@ start_wine() {
   wineserver -p >/dev/null 2>&1 </dev/null || true
   wine cmd /c ver >/dev/null 2>&1 </dev/null
 }
+
+# Keeps a window open until the script ends, so that Wine's desktop process is there before the first test: it would
+# hold on to the output of the test that happens to start it, and that test would seem to run for minutes.
+keep_desktop() {
+  wine winver >/dev/null 2>&1 </dev/null &
+}

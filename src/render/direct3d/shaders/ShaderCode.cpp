@@ -49,8 +49,8 @@ constexpr std::uint8_t kFragmentF[] = {
 
 // clang-format on
 
-template <std::size_t kSize>
-std::span<const std::byte> Code(const std::uint8_t (&bytes)[kSize]) {
+template <std::size_t Size>
+std::span<const std::byte> Code(const std::uint8_t (&bytes)[Size]) {
     return std::as_bytes(std::span(bytes));
 }
 
