@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kAlpha = 3; // the last byte of a pixel
 
 std::uint8_t Rounded(float value) {
-    return value > 0 ? static_cast<std::uint8_t>(std::min(value, 255.0f) + 0.5f) : std::uint8_t(0);
+    return value > 0 ? static_cast<std::uint8_t>(std::lround(std::min(value, 255.0f))) : std::uint8_t(0);
 }
 
 // What is left of `under` below `alpha`, in 255ths.
