@@ -41,8 +41,16 @@ void ZephorLayerSet::StepFeedback() {
     targetLayer->Surface()->ReadPixels(functor);
 }
 
+void ZephorLayerSet::BlendIntoShadow(int steps) {
+    nextDeltaField->OweBlend(*mCurrentDeltaField, steps);
+}
+
+void ZephorLayerSet::CopyIntoShadow() {
+    nextDeltaField->OweCopy(*mCurrentDeltaField);
+}
+
 ZephorLayer24BitAddressX4y4FracDelta& ZephorLayerSet::CurrentDeltaField() {
-    nextDeltaField->FinishShadowMove();
+    nextDeltaField->SettleShadow();
     return *mCurrentDeltaField;
 }
 
