@@ -37,7 +37,7 @@ void ZephorLayerSet::StepFeedback() {
     const FieldInForce field{ nextDeltaField->SliceCount(), nextDeltaField->Field(),
                               nextDeltaField->Version() };
     if (!targetLayer->Surface() || !field.field.cells) return;
-    DstRenderBitMapProcessingFunctor functor(engine, field, *sourceLayer);
+    DstRenderBitMapProcessingFunctor functor(engine, field, sourceLayer->Surface());
     targetLayer->Surface()->ReadPixels(functor);
 }
 
