@@ -85,12 +85,12 @@ ORVANE_INLINE_SSE41 void Store(std::uint8_t* at, __m128i pixels) {
 // A shuffle gives 0 where bit 7 of the control is set, so each window fills in what the other one leaves.
 ORVANE_INLINE_SSE41 __m128i TwoWindows(const std::byte* block, const std::uint8_t* averaged) {
     const __m128i control = Load(block + offsetof(TwoWindowBlock, control));
-    const __m128i other = _mm_xor_si128(control, _mm_set1_epi8(char(0x80)));
+    const __m128i other = _mm_xor_si128(control, _mm_set1_epi8(char(1 << kSecondWindowBit)));
     return _mm_or_si128(_mm_shuffle_epi8(Load(averaged + AddressAt(block, 0)), control),
                         _mm_shuffle_epi8(Load(averaged + AddressAt(block, 1)), other));
 }
 
-// Window numbers stand from bit 4 up. With the own number flipped away, an addition of 0x70 sets bit 7 in all
+// Window numbers stand from bit kWindowShift up. With the own number flipped away, an addition of 0x70 sets bit 7 in all
 // bytes but those of the window.
 template <class Block>
 ORVANE_INLINE_SSE41 __m128i ManyWindows(const std::byte* block, const std::uint8_t* averaged) {
@@ -99,7 +99,7 @@ ORVANE_INLINE_SSE41 __m128i ManyWindows(const std::byte* block, const std::uint8
     __m128i pixels = _mm_setzero_si128();
 #    pragma GCC unroll 8
     for (int i = 0; i < kWindows; ++i) {
-        const __m128i own = _mm_xor_si128(control, _mm_set1_epi8(char(i << 4)));
+        const __m128i own = _mm_xor_si128(control, _mm_set1_epi8(char(i << kWindowShift)));
         const __m128i place = _mm_add_epi8(own, _mm_set1_epi8(0x70));
         pixels = _mm_or_si128(pixels, _mm_shuffle_epi8(Load(averaged + AddressAt(block, i)), place));
     }
@@ -133,7 +133,7 @@ ORVANE_INLINE_AVX2 const std::byte* FetchTwoWindowsAvx2(const std::byte* plan, c
         const std::byte* const second = plan + sizeof(TwoWindowBlock);
         const __m256i control =
             Load2(plan + offsetof(TwoWindowBlock, control), second + offsetof(TwoWindowBlock, control));
-        const __m256i other = _mm256_xor_si256(control, _mm256_set1_epi8(char(0x80)));
+        const __m256i other = _mm256_xor_si256(control, _mm256_set1_epi8(char(1 << kSecondWindowBit)));
         const __m256i window0 = Load2(averaged + AddressAt(plan, 0), averaged + AddressAt(second, 0));
         const __m256i window1 = Load2(averaged + AddressAt(plan, 1), averaged + AddressAt(second, 1));
         const __m256i pixels =
