@@ -157,13 +157,13 @@ constexpr FetchBlocks kAvx2[] = { FetchTwoWindowsAvx2, FetchManyWindows<FourWind
 
 #endif
 
-template <const FetchBlocks* kByKind>
+template <const FetchBlocks* ByKind>
 const std::byte* FetchRow(const std::byte* plan, const std::uint8_t* averaged, std::uint8_t* target,
                           int width) {
     if (width < kBlockPixels) return FetchShortRow(plan, averaged, target, width);
     for (BlockPosition position(target, width); !position.AtEnd();) {
         const BlockRun run = RunAt(plan);
-        plan = kByKind[std::size_t(run.kind)](plan + sizeof run, averaged, run.count, position);
+        plan = ByKind[std::size_t(run.kind)](plan + sizeof run, averaged, run.count, position);
     }
     return plan;
 }

@@ -33,7 +33,7 @@ const SmoothingKernel* FindOrAdd(ZephorAudioState& audio, int size, float sigma)
     for (const SmoothingKernel& kernel : kernels)
         if (kernel.size == size && kernel.sigma == sigma) return &kernel;
     if (audio.kernelCount == ZephorAudioState::kMostKernels) return nullptr;
-    if (size < 1 || !(sigma > 0) || !(kSigmasPerHalf * sigma < SmoothingKernel::kMostTaps / 2))
+    if (size < 1 || !(sigma > 0) || !(kSigmasPerHalf * sigma < float(SmoothingKernel::kMostTaps) / 2))
         return nullptr;
     SmoothingKernel& added = audio.kernels[audio.kernelCount++];
     added = MakeKernel(int(kSigmasPerHalf * sigma), size, sigma);
