@@ -3,23 +3,36 @@
 #pragma once
 
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
+#include <ctime>
 #include <vector>
 
 namespace orvane::benches {
 
 constexpr int kTurn = 8; // rounds until the next one's turn
 
-// The times of one contender, from start to end, in microseconds.
+enum class Clock : clockid_t {
+    Wall = CLOCK_MONOTONIC,
+    ThisThread = CLOCK_THREAD_CPUTIME_ID // the processor's time, so that others on the machine don't count
+};
+
+[[nodiscard]] inline double Microseconds(Clock clock) {
+    timespec time = {};
+    clock_gettime(clockid_t(clock), &time);
+    return double(time.tv_sec) * 1e6 + double(time.tv_nsec) * 1e-3;
+}
+
+// The times of one contender.
 class Rounds {
 public:
+    explicit Rounds(Clock clock = Clock::ThisThread)
+        : mClock(clock) {}
+
     template <class Work>
     void Run(const Work& work) {
-        using Clock = std::chrono::steady_clock;
-        const auto start = Clock::now();
+        const double start = Microseconds(mClock);
         work();
-        mTimes.push_back(std::chrono::duration<double, std::micro>(Clock::now() - start).count());
+        mTimes.push_back(Microseconds(mClock) - start);
     }
 
     [[nodiscard]] double Median() {
@@ -29,6 +42,7 @@ public:
     }
 
 private:
+    Clock mClock;
     std::vector<double> mTimes;
 };
 

@@ -16,7 +16,7 @@ using namespace orvane::zephor;
 using namespace orvane::benches;
 
 constexpr Size kSize = { 1922, 1082 };
-constexpr int kFades = 7;
+constexpr int kFades = 15;
 
 void Install(ZephorLayerSet& layers, DeltaFieldFade& fade, const std::vector<DeltaCell>& cells) {
     ZephorLayerNextDeltaField& next = *layers.nextDeltaField;
@@ -42,7 +42,7 @@ void Fade(benchmark::State& state) {
     Rounds atRest, field;
     std::array<Rounds, DeltaFieldFade::kFrames> ofFade;
     for ([[maybe_unused]] auto _ : state) {
-        for (int i = 0; i < kFades * 2; ++i) {
+        for (int i = 0; i < kFades; ++i) {
             // The frame picks its fields before it steps; the new one shows with this step.
             field.Run([&] {
                 fade.StartFrame(layers);

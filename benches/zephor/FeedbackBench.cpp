@@ -66,7 +66,7 @@ void TwoThreads(benchmark::State& state, Size size) {
     FeedbackEngine one(1), two(2);
     PrepareAndCompare(one, scene);
     PrepareAndCompare(two, scene);
-    Rounds timesOfOne, timesOfTwo;
+    Rounds timesOfOne(Clock::Wall), timesOfTwo(Clock::Wall);
     for ([[maybe_unused]] auto _ : state) {
         // Several in a row, so that the second thread is awake as it is not at sixty frames a second.
         for (int i = 0; i < kTurn; ++i)

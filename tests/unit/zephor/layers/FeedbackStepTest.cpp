@@ -152,34 +152,32 @@ TEST(FeedbackStep, AFieldOfALargerImageIsHeldToTheLastColumnAndRow) {
     ExpectEveryForm(source, TestField(4, 3, { 1500, 900 }), expected);
 }
 
+// A random image and a random field of each kind.
+void ExpectTheOraclesBytes(const std::vector<tests::NamedEngine>& engines, int width, int height,
+                           std::mt19937& random) {
+    for (const tests::CellKind kind : tests::kCellKinds) {
+        const TestImage source = tests::MakeNoise(width, height, random);
+        const TestField field = tests::MakeField(width, height, kind, random);
+        const TestImage expected = FedBack(source, field);
+        for (const auto& [name, engine] : engines)
+            ASSERT_EQ(Step(*engine, source, field).bytes, expected.bytes)
+                << name << ", " << width << " x " << height << ", cells " << int(kind);
+    }
+}
+
 TEST(FeedbackStep, EveryFormMakesTheOraclesBytesAtWidths1To70AndHeights1To20) {
     const auto engines = AllEngines();
     std::mt19937 random(2026);
     for (int width = 1; width <= 70; ++width)
         for (int height = 1; height <= 20; ++height)
-            for (const tests::CellKind kind : tests::kCellKinds) {
-                const TestImage source = tests::MakeNoise(width, height, random);
-                const TestField field = tests::MakeField(width, height, kind, random);
-                const TestImage expected = FedBack(source, field);
-                for (const auto& [name, engine] : engines)
-                    ASSERT_EQ(Step(*engine, source, field).bytes, expected.bytes)
-                        << name << ", " << width << " x " << height << ", cells " << int(kind);
-            }
+            ASSERT_NO_FATAL_FAILURE(ExpectTheOraclesBytes(engines, width, height, random));
 }
 
 TEST(FeedbackStep, EveryFormMakesTheOraclesBytesOfLargeImages) {
     const auto engines = AllEngines();
     std::mt19937 random(4);
     const int sizes[][2] = { { 257, 64 }, { 640, 33 }, { 1002, 40 }, { 4087, 7 } };
-    for (const auto& [width, height] : sizes)
-        for (const tests::CellKind kind : tests::kCellKinds) {
-            const TestImage source = tests::MakeNoise(width, height, random);
-            const TestField field = tests::MakeField(width, height, kind, random);
-            const TestImage expected = FedBack(source, field);
-            for (const auto& [name, engine] : engines)
-                ASSERT_EQ(Step(*engine, source, field).bytes, expected.bytes)
-                    << name << ", " << width << " x " << height << ", cells " << int(kind);
-        }
+    for (const auto& [width, height] : sizes) ExpectTheOraclesBytes(engines, width, height, random);
 }
 
 TEST(FeedbackStep, TheNumberOfSlicesDoesNotShow) {

@@ -74,28 +74,25 @@ TEST(SliceThreads, AJobOfMoreSlicesThanCanBeSharedIsDoneByTheCaller) {
 }
 
 // Each of the two slices waits for the other one, so they can't have been done by one thread.
+void ExpectTwoAtOneTime(SliceThreads& threads) {
+    std::atomic<int> arrived{ 0 };
+    threads.Run(2, [&](int) {
+        ++arrived;
+        while (arrived != 2) std::this_thread::yield();
+    });
+    EXPECT_EQ(arrived, 2);
+}
+
 TEST(SliceThreads, TwoThreadsWorkAtOneTime) {
     SliceThreads threads(2);
-    for (int round = 0; round < 20; ++round) {
-        std::atomic<int> arrived{ 0 };
-        threads.Run(2, [&](int) {
-            ++arrived;
-            while (arrived != 2) std::this_thread::yield();
-        });
-        EXPECT_EQ(arrived, 2);
-    }
+    for (int round = 0; round < 20; ++round) ExpectTwoAtOneTime(threads);
 }
 
 TEST(SliceThreads, AThreadThatFellAsleepBetweenFramesWakesForTheNext) {
     SliceThreads threads(2);
     for (int round = 0; round < 5; ++round) {
         std::this_thread::sleep_for(std::chrono::milliseconds(20)); // far longer than it looks for work
-        std::atomic<int> arrived{ 0 };
-        threads.Run(2, [&](int) {
-            ++arrived;
-            while (arrived != 2) std::this_thread::yield();
-        });
-        EXPECT_EQ(arrived, 2);
+        ExpectTwoAtOneTime(threads);
     }
 }
 
