@@ -183,12 +183,16 @@ TEST(ZephorLayerSet, AStepOfASetWhoseTargetHasNoSurfaceIsSkipped) {
 }
 
 TEST(FeedbackFunctors, ImagesOfDifferentSizesAreLeftAlone) {
-    ZephorLayerSet layers;
-    layers.Resize(4, 4);
-    layers.sourceLayer->Resize(5, 3);
-    FillImage(*layers.sourceLayer, 9);
-    layers.StepFeedback();
-    EXPECT_EQ(LayerPixels(*layers.targetLayer).bytes, std::vector<std::uint8_t>(15, 9));
+    const int sizes[][2] = { { 5, 4 }, { 3, 4 }, { 4, 5 }, { 4, 3 } };
+    for (const auto& [width, height] : sizes) {
+        ZephorLayerSet layers;
+        layers.Resize(4, 4);
+        layers.sourceLayer->Resize(width, height);
+        FillImage(*layers.sourceLayer, 9);
+        layers.StepFeedback();
+        EXPECT_EQ(LayerPixels(*layers.targetLayer).bytes,
+                  std::vector<std::uint8_t>(std::size_t(width * height), 9));
+    }
 }
 
 // A surface that tells when it is locked.
