@@ -26,7 +26,7 @@ constexpr std::int32_t kLastDeltaRequest = 9;
 template <typename Functor>
 void InstallDelta(const EffectSequence<std::unique_ptr<Functor> (*)(), 4>& deltas, std::size_t index,
                   std::unique_ptr<Functor>& functor) {
-    const DeltaFactory<Functor> make = ResolveDelta(deltas, index);
+    const FactoryOf<Functor> make = ResolveDelta(deltas, index);
     if (!make) return;
     functor.reset();
     functor = make();

@@ -45,9 +45,9 @@ using WaveformSequence = EffectSequence<Waveform*, 3>;
 
 // Delta fields are made anew at each choice, with parameters of their own.
 template <typename Functor>
-using DeltaFactory = std::unique_ptr<Functor> (*)();
+using FactoryOf = std::unique_ptr<Functor> (*)();
 template <typename Functor>
-using DeltaSequence = EffectSequence<DeltaFactory<Functor>, 4>;
+using DeltaSequence = EffectSequence<FactoryOf<Functor>, 4>;
 
 // Null for a negative index and one past the end: the caller keeps the waveform that it has.
 template <typename Waveform>
@@ -67,9 +67,9 @@ template <typename Waveform>
 
 // Null past the end.
 template <typename Functor>
-[[nodiscard]] DeltaFactory<Functor>
-ResolveDelta(const EffectSequence<std::unique_ptr<Functor> (*)(), 4>& deltas, std::size_t index) {
-    const DeltaFactory<Functor>* entry = deltas.Find(index);
+[[nodiscard]] FactoryOf<Functor> ResolveDelta(const EffectSequence<std::unique_ptr<Functor> (*)(), 4>& deltas,
+                                              std::size_t index) {
+    const FactoryOf<Functor>* entry = deltas.Find(index);
     return entry ? *entry : nullptr;
 }
 

@@ -47,14 +47,14 @@ std::unique_ptr<Field> Make() {
 
 template <int... Indices>
 constexpr auto FactoriesOf(std::integer_sequence<int, Indices...>) {
-    return std::array<DeltaFactory<Field>, sizeof...(Indices)>{ Make<Indices>... };
+    return std::array<FactoryOf<Field>, sizeof...(Indices)>{ Make<Indices>... };
 }
 
 // The lists have the lengths of the product's: 3, 8, 14 and 109.
 constexpr auto kFactories = FactoriesOf(std::make_integer_sequence<int, 134>());
 
 DeltaSequence<Field> Deltas() {
-    const std::span<const DeltaFactory<Field>> all = kFactories;
+    const std::span<const FactoryOf<Field>> all = kFactories;
     return DeltaSequence<Field>({ all.first(3), all.subspan(3, 8), all.subspan(11, 14), all.subspan(25) });
 }
 

@@ -79,12 +79,12 @@ std::unique_ptr<int> Make() {
 }
 
 TEST(ResolveDelta, CountsThroughTheFourListsAndGivesNothingPastTheEnd) {
-    constexpr DeltaFactory<int> kList1[] = { Make<10>, Make<11> }, kList2[] = { Make<20> },
-                                kList3[] = { Make<30> }, kList4[] = { Make<40>, Make<41> };
+    constexpr FactoryOf<int> kList1[] = { Make<10>, Make<11> }, kList2[] = { Make<20> },
+                             kList3[] = { Make<30> }, kList4[] = { Make<40>, Make<41> };
     const DeltaSequence<int> deltas({ kList1, kList2, kList3, kList4 });
     const int expected[] = { 10, 11, 20, 30, 40, 41 };
     for (std::size_t i = 0; i < std::size(expected); ++i) {
-        const DeltaFactory<int> make = ResolveDelta(deltas, i);
+        const FactoryOf<int> make = ResolveDelta(deltas, i);
         ASSERT_NE(make, nullptr) << i;
         EXPECT_EQ(*make(), expected[i]);
     }
