@@ -47,9 +47,9 @@ CLUTManager::CLUTManager(const ColourMaps& maps)
 CLUTManager::~CLUTManager() = default;
 
 bool CLUTManager::MaySelect(std::uint32_t flags, std::int32_t changeMode, double now) const {
-    const bool force = flags & kSelectionFlag_Force;
+    const bool force = flags & kSelect_Force;
     if (changeMode == kChangeMode_Held && request == 0 && !force) return false;
-    if ((flags & kSelectionFlag_Immediate) || (force && request != 0)) return true;
+    if ((flags & kSelect_Immediate) || (force && request != 0)) return true;
     return changeMode != kChangeMode_Held && now > changeTime && fadeLevel == 0;
 }
 
@@ -66,11 +66,11 @@ std::int32_t CLUTManager::ChooseSlot(float band) {
     return slot;
 }
 
-void CLUTManager::SelectColorMap(std::uint32_t flags, std::int32_t changeMode, double now) {
+void CLUTManager::SelectColorMap(double now, std::uint32_t flags, std::int32_t changeMode) {
     if (!MaySelect(flags, changeMode, now)) return;
     const float band = DrawUnit();
     const PresetRow* preset = FindPreset(request);
-    if (!preset && request >= kFirstPresetRequest) {
+    if (!preset && request >= kFirstPreset) {
         request = 0; // past the last preset: used up, and the map stays
         return;
     }
@@ -78,6 +78,12 @@ void CLUTManager::SelectColorMap(std::uint32_t flags, std::int32_t changeMode, d
     request = 0;
     currentSlot = lastSlot = slot;
     fadeLevel = kFadeStart;
+}
+
+void CLUTManager::StepFade(double now) {
+    if (fadeLevel == 0) return;
+    StepColors(now);
+    AdvanceFade(now);
 }
 
 void CLUTManager::StepColors(double now) {
@@ -119,7 +125,7 @@ void CLUTManager::AdvanceFade(double now) {
     changeTime = now + changePeriod;
 }
 
-std::string_view CLUTManager::DisplayName() const {
+std::string_view CLUTManager::MapName() const {
     return proc ? std::string_view(proc->name) : std::string_view();
 }
 

@@ -1,6 +1,6 @@
 // The colour table on show, the choice of the next one, and the fade between them.
 //
-// Time is passed in. In each frame whose `fadeLevel` isn't 0, the owner calls StepColors and then AdvanceFade.
+// Time is passed in. The owner calls SelectColorMap as it sees fit and StepFade in each frame.
 #pragma once
 
 #include "render/IBufferTexture.h"
@@ -43,17 +43,20 @@ public:
     virtual void BlendStep(const ColourTable& oldColours, const ColourTable& newColours) = 0;
 
     // Chooses the next map and starts the fade to it, if the time for it has come or `flags` say so.
-    // `flags` are of SelectionFlag, `changeMode` is the visualizer's; `now` in seconds.
-    void SelectColorMap(std::uint32_t flags, std::int32_t changeMode, double now);
+    // `now` in seconds; `flags` are of SelectionFlag; `changeMode` is the visualizer's.
+    void SelectColorMap(double now, std::uint32_t flags, std::int32_t changeMode);
 
-    // One step of a fade; `fadeLevel` isn't 0. `now` in seconds, for maps that depend on time.
+    // A frame's share of the fade, if one runs: StepColors and then AdvanceFade.
+    void StepFade(double now);
+
+    // Loads the map or blends, by the level, which isn't 0. `now` in seconds, for maps that depend on time.
     void StepColors(double now);
 
-    // Behind each step: lowers the level; at its end the next change is due `changePeriod` after `now`.
+    // Lowers the level; at its end the next change is due `changePeriod` after `now`.
     void AdvanceFade(double now);
 
-    // Of the map on show or faded to; empty for a fixed table.
-    [[nodiscard]] std::string_view DisplayName() const;
+    // The display name of the map on show or faded to; empty for a fixed table.
+    [[nodiscard]] std::string_view MapName() const;
 
     std::array<std::int32_t, kRotationSlots> rotation = kRotation;
     std::int32_t sliceCount = 1;                        // a table is loaded in this many parts

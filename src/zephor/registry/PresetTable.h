@@ -30,8 +30,8 @@ inline constexpr std::array<PresetRow, 10> kPresetTable = { {
 
 // The row that a request names; null for one that names none: below 2, or past the last row.
 [[nodiscard]] constexpr const PresetRow* FindPreset(std::int32_t request) {
-    if (request < kFirstPresetRequest) return nullptr;
-    const auto row = static_cast<std::size_t>(request - kFirstPresetRequest);
+    if (request < kFirstPreset) return nullptr;
+    const auto row = static_cast<std::size_t>(request - kFirstPreset);
     return row < kPresetTable.size() ? &kPresetTable[row] : nullptr;
 }
 

@@ -12,20 +12,25 @@
 
 namespace orvane::zephor {
 
-// The flag word of the three selections. Only the first two bits are read.
+// The flag word of a selection. The lower two bits decide; the others name the subject, for people: each selection
+// is called for its own subject alone.
 enum SelectionFlag : std::uint32_t {
-    kSelectionFlag_Force = 1,     // act on a pending request, if there is one
-    kSelectionFlag_Immediate = 2, // act regardless of timers and requests
-    kSelectionFlag_Delta = 4,
-    kSelectionFlag_Waveform = 8,
-    kSelectionFlag_Colour = 16,
+    kSelect_Force = 1,     // act on the pending request, if there is one
+    kSelect_Immediate = 2, // act whatever timers and requests say
+    kSelect_Delta = 4,
+    kSelect_Waveform = 8,
+    kSelect_Colour = 16,
 };
+
+constexpr std::uint32_t kSelect_AllTimed = kSelect_Delta | kSelect_Waveform | kSelect_Colour;
+constexpr std::uint32_t kSelect_AllForced = kSelect_AllTimed | kSelect_Force;
+constexpr std::uint32_t kSelect_AllImmediate = kSelect_AllForced | kSelect_Immediate;
 
 // The change mode: 0 holds what is shown until a key asks, the others change it by themselves.
 constexpr std::int32_t kChangeMode_Held = 0;
 
 // The least request that names a preset.
-constexpr std::int32_t kFirstPresetRequest = 2;
+constexpr std::int32_t kFirstPreset = 2;
 
 // Stands for the index in force once a step was made from it, so that every result differs from it.
 constexpr std::int32_t kNoIndex = -10;

@@ -81,7 +81,7 @@ TEST(CLUTManager, HasItsStartValues) {
     EXPECT_EQ(clut.newTable, ColourTable{});
     EXPECT_EQ(clut.oldTable, ColourTable{});
     EXPECT_EQ(clut.proc, nullptr);
-    EXPECT_EQ(clut.DisplayName(), "");
+    EXPECT_EQ(clut.MapName(), "");
     clut.Init();
     EXPECT_EQ(clut.sliceCount, 2);
 }

@@ -112,13 +112,22 @@ TEST_F(Fade, AForcedRequestDuringAFadeRestartsAt255WithTheTableAsItStands) {
     ASSERT_NE(UnpackColour(midway[200])[0], 200);
     ASSERT_NE(UnpackColour(midway[200])[0], 16);
     mClut.request = 2; // preset row 0: slot 2
-    mClut.SelectColorMap(17, 1, 0.0);
+    mClut.SelectColorMap(0.0, 17, 1);
     EXPECT_EQ(mClut.fadeLevel, 255);
     Step();
     EXPECT_EQ(mClut.table, midway);
     for (std::size_t i = 0; i < kColourEntries; ++i)
         ASSERT_EQ(mClut.oldTable[i], UnpackColour(midway[i])) << i;
     EXPECT_EQ(mClut.newTable[200], (ColourBytes{ 18, 118, 7 }));
+}
+
+TEST_F(Fade, AtRestAStepDoesNothing) {
+    mClut.changeTime = 5.0;
+    Step(100.0);
+    EXPECT_TRUE(mUploads.empty());
+    EXPECT_EQ(mClut.fadeLevel, 0);
+    EXPECT_EQ(mClut.fadeStep, 3);
+    EXPECT_EQ(mClut.changeTime, 5.0);
 }
 
 TEST_F(Fade, AFixedTableIsCopiedAndNothingIsUploadedOnTheFrameOfTheLoad) {
@@ -138,10 +147,10 @@ TEST_F(Fade, AFixedTableIsCopiedAndNothingIsUploadedOnTheFrameOfTheLoad) {
 TEST_F(Fade, AFixedTableHasNoNameAndAComputedMapItsOwn) {
     Choose(kSlotOfMap16);
     Step();
-    EXPECT_EQ(mClut.DisplayName(), "map 16");
+    EXPECT_EQ(mClut.MapName(), "map 16");
     Choose(kSlotOfTable0);
     Step();
-    EXPECT_EQ(mClut.DisplayName(), "");
+    EXPECT_EQ(mClut.MapName(), "");
     EXPECT_EQ(mClut.proc, nullptr);
 }
 
@@ -208,7 +217,7 @@ TEST_F(Fade, WithoutABufferAComputedMapIsResetButNotLoaded) {
     EXPECT_EQ(mComputed[16]->time, 9.0f);
     EXPECT_TRUE(mComputed[16]->values.empty());
     EXPECT_EQ(mClut.newTable, ColourTable{});
-    EXPECT_EQ(mClut.DisplayName(), "map 16");
+    EXPECT_EQ(mClut.MapName(), "map 16");
 }
 
 TEST_F(Fade, AnIdWithoutAMapLeavesTheTablesAsTheyAre) {

@@ -61,8 +61,6 @@ public:
 // Ids 0 to 10 are grey tables, entry i being (id, i, 255 - i); 11 to 65 plain maps of (id, id + 100, 7).
 class ManagerTest : public testing::Test {
 protected:
-    static constexpr std::uint32_t kTimed = 28, kForced = 29, kAll = 31;
-
     ManagerTest() {
         for (std::size_t id = 0; id < mFixed.size(); ++id)
             for (std::size_t i = 0; i < kColourEntries; ++i)
@@ -78,10 +76,7 @@ protected:
     void GiveBuffer() { mClut.clutBuffer = std::make_unique<KeepingBuffer>(mUploads); }
 
     // A frame of a fade.
-    void Step(double now = 0.0) {
-        mClut.StepColors(now);
-        mClut.AdvanceFade(now);
-    }
+    void Step(double now = 0.0) { mClut.StepFade(now); }
 
     // Has a slot chosen, whose fade begins with the next step.
     void Choose(std::int32_t slot) {

@@ -22,7 +22,7 @@ protected:
 
     // Selects; true if a fade began.
     bool Selects(std::uint32_t flags, std::int32_t changeMode, double now = 1.0) {
-        mClut.SelectColorMap(flags, changeMode, now);
+        mClut.SelectColorMap(now, flags, changeMode);
         return mClut.fadeLevel == kFadeStart;
     }
 
@@ -39,32 +39,32 @@ protected:
 
 TEST_F(SelectColorMap, HeldWithoutRequestAndForceNothingHappensNotEvenADraw) {
     ScriptRand({ Exactly(123) });
-    EXPECT_FALSE(Selects(kTimed, kHeld));
-    EXPECT_FALSE(Selects(kSelectionFlag_Immediate, kHeld));
+    EXPECT_FALSE(Selects(kSelect_AllTimed, kHeld));
+    EXPECT_FALSE(Selects(kSelect_Immediate, kHeld));
     EXPECT_EQ(platform::Rand(), 123);
 }
 
 TEST_F(SelectColorMap, ForceWithoutARequestIsAsGoodAsTimed) {
-    EXPECT_FALSE(Selects(kForced, kHeld));
+    EXPECT_FALSE(Selects(kSelect_AllForced, kHeld));
     mClut.changeTime = 2.0;
-    EXPECT_FALSE(Selects(kForced, kRandom, 1.0));
-    EXPECT_TRUE(Selects(kForced, kRandom, 3.0));
+    EXPECT_FALSE(Selects(kSelect_AllForced, kRandom, 1.0));
+    EXPECT_TRUE(Selects(kSelect_AllForced, kRandom, 3.0));
 }
 
 TEST_F(SelectColorMap, ImmediateWithForceActsThoughHeldAndInAFade) {
     mClut.fadeLevel = 100;
-    EXPECT_TRUE(Selects(kAll, kHeld));
+    EXPECT_TRUE(Selects(kSelect_AllImmediate, kHeld));
 }
 
 TEST_F(SelectColorMap, ATimedChangeNeedsAModeAClockPastTheTimeAndNoFade) {
     mClut.changeTime = 5.0;
     mClut.request = 1;
-    EXPECT_FALSE(Selects(kTimed, kHeld, 6.0)); // held, though a request waits
-    EXPECT_FALSE(Selects(kTimed, kRandom, 5.0));
+    EXPECT_FALSE(Selects(kSelect_AllTimed, kHeld, 6.0)); // held, though a request waits
+    EXPECT_FALSE(Selects(kSelect_AllTimed, kRandom, 5.0));
     mClut.fadeLevel = 1;
-    EXPECT_FALSE(Selects(kTimed, kRandom, 6.0));
+    EXPECT_FALSE(Selects(kSelect_AllTimed, kRandom, 6.0));
     mClut.fadeLevel = 0;
-    EXPECT_TRUE(Selects(kTimed, kRandom, 5.001));
+    EXPECT_TRUE(Selects(kSelect_AllTimed, kRandom, 5.001));
 }
 
 TEST_F(SelectColorMap, AnySlotIsDrawnWithEqualChanceWhateverTheBand) {
@@ -73,7 +73,7 @@ TEST_F(SelectColorMap, AnySlotIsDrawnWithEqualChanceWhateverTheBand) {
             mClut.fadeLevel = 0;
             mClut.lastSlot = kNoIndex;
             ScriptRand({ band, Exactly(number) });
-            ASSERT_TRUE(Selects(kAll, kHeld));
+            ASSERT_TRUE(Selects(kSelect_AllImmediate, kHeld));
             EXPECT_EQ(mClut.currentSlot, number * 64 / 32767);
         }
 }
@@ -82,7 +82,7 @@ TEST_F(SelectColorMap, TheDrawIsRepeatedWhileItGivesTheSlotChosenLast) {
     mClut.lastSlot = 32;
     // Slot 32 begins at 16,384 and slot 40 at 20,480 of 32,767.
     const std::vector<int> drawn = ScriptRand({ kAnyRand, { 16400, 16880 }, { 20500, 20980 }, kAnyRand });
-    ASSERT_TRUE(Selects(kAll, kHeld));
+    ASSERT_TRUE(Selects(kSelect_AllImmediate, kHeld));
     EXPECT_EQ(mClut.currentSlot, 40);
     EXPECT_EQ(platform::Rand(), drawn[3]) << "one number too many or too few was drawn";
 }
@@ -90,7 +90,7 @@ TEST_F(SelectColorMap, TheDrawIsRepeatedWhileItGivesTheSlotChosenLast) {
 TEST_F(SelectColorMap, TheLargestDrawIsSlotZero) {
     mClut.lastSlot = 5;
     ScriptRand({ kAnyRand, Exactly(32767) }); // rounds to 64
-    ASSERT_TRUE(Selects(kAll, kHeld));
+    ASSERT_TRUE(Selects(kSelect_AllImmediate, kHeld));
     EXPECT_EQ(mClut.currentSlot, 0);
 }
 
@@ -119,7 +119,7 @@ TEST_F(SelectColorMap, WithoutUniformDrawsABandHasSlotsOfItsOwn) {
         mClut.lastSlot = kNoIndex;
         const RandRange number = c.number == 0 || c.number == 400 ? RandRange{ 0, 700 } : Exactly(c.number);
         ScriptRand({ c.band, number });
-        ASSERT_TRUE(Selects(kAll, kHeld));
+        ASSERT_TRUE(Selects(kSelect_AllImmediate, kHeld));
         EXPECT_EQ(mClut.currentSlot, c.slot) << c.band.low << ' ' << c.number;
     }
 }
@@ -129,7 +129,7 @@ TEST_F(SelectColorMap, DrawsStayUniformForAsLongAsTheyRun) {
     std::array<int, kRotationSlots> counts{};
     for (int i = 0; i < 64000; ++i) {
         mClut.fadeLevel = 0;
-        ASSERT_TRUE(Selects(kTimed, kRandom));
+        ASSERT_TRUE(Selects(kSelect_AllTimed, kRandom));
         ++counts[std::size_t(mClut.currentSlot)];
     }
     EXPECT_TRUE(mClut.uniformRandom);

@@ -42,9 +42,12 @@ TEST(WrappingSum, PassesBothEndsOfTheRange) {
 }
 
 TEST(Selection, FlagsHaveTheValuesOfTheVisualizersFlagWords) {
-    EXPECT_EQ(kSelectionFlag_Delta | kSelectionFlag_Waveform | kSelectionFlag_Colour, 28);
-    EXPECT_EQ(kSelectionFlag_Force, 1);
-    EXPECT_EQ(kSelectionFlag_Immediate, 2);
+    EXPECT_EQ(kSelect_AllTimed, 28u);
+    EXPECT_EQ(kSelect_AllForced, 29u);
+    EXPECT_EQ(kSelect_AllImmediate, 31u);
+    EXPECT_EQ(kSelect_Delta | kSelect_Force, 5u);
+    EXPECT_EQ(kSelect_Waveform | kSelect_Force, 9u);
+    EXPECT_EQ(kSelect_Colour | kSelect_Force, 17u);
 }
 
 } // namespace
