@@ -38,12 +38,11 @@ void HSVToRGB(float hue, float saturation, float value, std::uint8_t rgb[3]) {
     const float v = Unit(value) * kFullScale;
     f *= s;
 
-    enum Level { kLevel_V, kLevel_P, kLevel_Q };
+    enum Level { kV, kP, kQ };
 
     const std::uint8_t levels[] = { Byte(v), Byte((1.0f - s) * v), Byte((1.0f - f) * v) };
     static constexpr Level kTriples[6][3] = {
-        { kLevel_V, kLevel_Q, kLevel_P }, { kLevel_Q, kLevel_V, kLevel_P }, { kLevel_P, kLevel_V, kLevel_Q },
-        { kLevel_P, kLevel_Q, kLevel_V }, { kLevel_Q, kLevel_P, kLevel_V }, { kLevel_V, kLevel_P, kLevel_Q },
+        { kV, kQ, kP }, { kQ, kV, kP }, { kP, kV, kQ }, { kP, kQ, kV }, { kQ, kP, kV }, { kV, kP, kQ },
     };
     for (int channel = 0; channel < 3; ++channel) rgb[channel] = levels[kTriples[sextant][channel]];
 }

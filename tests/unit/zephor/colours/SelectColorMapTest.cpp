@@ -2,6 +2,8 @@
 
 #include "zephor/registry/PresetTable.h"
 
+#include "support/RandBands.h"
+
 #include <limits>
 #include <utility>
 
@@ -10,10 +12,12 @@ namespace {
 
 using tests::Exactly;
 using tests::kAnyRand;
+using tests::kLower;
+using tests::kMiddle;
+using tests::kUpper;
 using tests::RandRange;
 using tests::ScriptRand;
 
-constexpr RandRange kUpper = { 21627, 32767 }, kMiddle = { 10814, 21626 }, kLower = { 0, 10813 };
 constexpr std::int32_t kHeld = 0, kRandom = 1;
 
 class SelectColorMap : public ManagerTest {

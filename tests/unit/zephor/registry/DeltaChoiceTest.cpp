@@ -1,6 +1,6 @@
 #include "zephor/registry/DeltaChoice.h"
 
-#include "support/ScriptedRand.h"
+#include "support/RandBands.h"
 
 #include <gtest/gtest.h>
 
@@ -19,6 +19,9 @@ namespace {
 
 using tests::Exactly;
 using tests::kAnyRand;
+using tests::kLower;
+using tests::kMiddle;
+using tests::kUpper;
 using tests::RandRange;
 using tests::ScriptRand;
 
@@ -58,7 +61,6 @@ DeltaSequence<Field> Deltas() {
     return DeltaSequence<Field>({ all.first(3), all.subspan(3, 8), all.subspan(11, 14), all.subspan(25) });
 }
 
-constexpr RandRange kUpper = { 21627, 32767 }, kMiddle = { 10814, 21626 }, kLower = { 0, 10813 };
 constexpr std::int32_t kNone = -1;
 
 class DeltaChoice : public testing::Test {

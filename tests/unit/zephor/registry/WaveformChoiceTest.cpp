@@ -2,7 +2,7 @@
 
 #include "zephor/registry/Selection.h"
 
-#include "support/ScriptedRand.h"
+#include "support/RandBands.h"
 
 #include <gtest/gtest.h>
 
@@ -17,14 +17,14 @@ namespace {
 
 using tests::Exactly;
 using tests::kAnyRand;
+using tests::kLower;
+using tests::kMiddle;
+using tests::kUpper;
 using tests::RandRange;
 using tests::ScriptRand;
 
 constexpr WaveformLengths kLengths = { 3, 4, 99 };
 constexpr std::int32_t kNone = -1;
-
-// The first numbers of the bands: 0.66 is 21,626.2 of 32,767, and 0.33 is 10,813.1.
-constexpr RandRange kUpper = { 21627, 32767 }, kMiddle = { 10814, 21626 }, kLower = { 0, 10813 };
 
 // What a band draws for a number, in double precision. Numbers near a boundary are not asked for.
 int IndexOf(int number, int within) {
