@@ -67,6 +67,12 @@ TEST(SliceThreads, OneThreadWorksInOrderOnTheCaller) {
     EXPECT_EQ(order, (std::vector<int>{ 0, 1, 2, 3, 4 }));
 }
 
+TEST(SliceThreads, AJobOfMoreSlicesThanCanBeSharedIsDoneByTheCaller) {
+    SliceThreads threads(2);
+    ExpectEachOnce(threads, SliceThreads::kMostShared);
+    ExpectEachOnce(threads, SliceThreads::kMostShared + 1);
+}
+
 // Each of the two slices waits for the other one, so they can't have been done by one thread.
 TEST(SliceThreads, TwoThreadsWorkAtOneTime) {
     SliceThreads threads(2);
