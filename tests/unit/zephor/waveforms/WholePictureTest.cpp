@@ -14,7 +14,7 @@
 
 #include <array>
 #include <cmath>
-#include <string>
+#include <utility>
 #include <vector>
 
 namespace orvane::zephor {
@@ -74,6 +74,21 @@ protected:
 TEST_F(WholePicture, TheSameSeedsAndSoundMakeTheSameBytes) {
     for (AsyncWaveFormFunctor* effect : All())
         EXPECT_EQ(ChecksumOf(effect), ChecksumOf(effect)) << effect->name;
+}
+
+// One number for each way of drawing, so that platforms can be compared. What is in the pictures is asserted elsewhere.
+TEST_F(WholePicture, EveryPlatformMakesTheSameBytes) {
+    const std::pair<int, std::uint64_t> rows[] = {
+        { 0, 0xe85a36071a37e68fu }, // Radar Sweep: connected
+        { 3, 0x98037e3678f1f235u }, // DT Sine Dot: dots
+        { 5, 0x648912b63d2a42e7u }, // Hour glass: strokes
+        { 6, 0x3d7323a68fecff5cu }, // Double Helix: two connected lines
+        { 9, 0x1215a5fed851c96bu }, // Explosion1: from rand()
+    };
+    for (const auto& [index, checksum] : rows) {
+        AsyncWaveFormFunctor* effect = All()[std::size_t(index)];
+        EXPECT_EQ(ChecksumOf(effect), checksum) << effect->name;
+    }
 }
 
 TEST_F(WholePicture, OnlyTheEffectsWithoutAPictureDrawNone) {
