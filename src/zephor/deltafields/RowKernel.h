@@ -56,8 +56,9 @@ template <class Point, class Member, class T, int Slots>
 }
 
 // As many columns from `column` on as fill all lanes of T. Returns the first column that is left.
+// `row` is a copy, of which the cells written can't be a part; so it stays in registers.
 template <class T, class Member, class Noise>
-[[gnu::always_inline]] inline int FillColumns(const Member& member, const FieldRow& row, int column,
+[[gnu::always_inline]] inline int FillColumns(const Member& member, const FieldRow row, int column,
                                               const Noise& rowNoise, DeltaCell* cells) {
     constexpr int kLanes = single::kLaneCount<T>;
     for (; column + kLanes <= row.width; column += kLanes) {
