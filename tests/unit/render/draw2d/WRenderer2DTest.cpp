@@ -1,48 +1,56 @@
+// What is asked of the platform's target, and what becomes of its answers.
 #include "render/draw2d/WRenderer2D.h"
-
 #include "render/draw2d/Factories.h"
 #include "render/draw2d/WTextFormat.h"
-#include "unit/render/draw2d/ScriptedTarget.h"
+#include "support/direct3d/Hook.h"
 #include "unit/render/draw2d/Surface.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 
 namespace orvane::render {
 namespace {
 
 using namespace tests;
-using Microsoft::WRL::ComPtr;
+using orvane::tests::Always;
+using orvane::tests::Hook;
 
-class OnScriptedTarget : public WRenderer2D {
+// Where the headers add short forms of an operation, the one that the platform has.
+using DrawABitmap = void (STDMETHODCALLTYPE ID2D1RenderTarget::*)(ID2D1Bitmap*, const D2D1_RECT_F*, FLOAT,
+                                                                  D2D1_BITMAP_INTERPOLATION_MODE,
+                                                                  const D2D1_RECT_F*);
+using DrawAText = void (STDMETHODCALLTYPE ID2D1RenderTarget::*)(const WCHAR*, UINT, IDWriteTextFormat*,
+                                                                const D2D1_RECT_F*, ID2D1Brush*,
+                                                                D2D1_DRAW_TEXT_OPTIONS,
+                                                                DWRITE_MEASURING_MODE);
+using BitmapDrawn = Hook<static_cast<DrawABitmap>(&ID2D1RenderTarget::DrawBitmap)>;
+using TextDrawn = Hook<static_cast<DrawAText>(&ID2D1RenderTarget::DrawText)>;
+using BeginDrawHook = Hook<&ID2D1RenderTarget::BeginDraw>;
+using EndDrawHook = Hook<&ID2D1RenderTarget::EndDraw>;
+
+class CanvasOnATarget : public WRenderer2D {
 public:
     using WRenderer2D::mTarget;
     using WRenderer2D::TakeTarget;
 };
 
-// A canvas on a target that does as told; its brushes come from a real one.
+// A canvas on a target of the platform's, whose operations a test can listen to.
 class WRenderer2DTest : public testing::Test {
 protected:
     WRenderer2DTest() {
-        ComPtr<IWICBitmap> bitmap;
+        Microsoft::WRL::ComPtr<IWICBitmap> bitmap;
         ImagingFactory()->CreateBitmap(8, 8, GUID_WICPixelFormat32bppPBGRA, WICBitmapCacheOnLoad, &bitmap);
-        Direct2DFactory()->CreateWicBitmapRenderTarget(bitmap.Get(), D2D1::RenderTargetProperties(), &mReal);
-        target.brushes = mReal.Get();
+        Direct2DFactory()->CreateWicBitmapRenderTarget(bitmap.Get(), D2D1::RenderTargetProperties(), &target);
+        EXPECT_EQ(canvas.TakeTarget(target, 8, 8), kSurface_Success);
     }
 
-    SurfaceStatus Take() { return canvas.TakeTarget(&target, 8, 8); }
-
-    ScriptedTarget target;
-    OnScriptedTarget canvas;
-
-private:
-    ComPtr<ID2D1RenderTarget> mReal;
+    Microsoft::WRL::ComPtr<ID2D1RenderTarget> target;
+    CanvasOnATarget canvas;
 };
 
 TEST_F(WRenderer2DTest, EndDrawReturnsTrueOnlyForTheLostTargetStatus) {
-    ASSERT_EQ(Take(), kSurface_Success);
-
     const struct {
         std::uint32_t status;
         bool lost;
@@ -57,85 +65,85 @@ TEST_F(WRenderer2DTest, EndDrawReturnsTrueOnlyForTheLostTargetStatus) {
     };
 
     for (const auto& row : rows) {
-        target.endDraw = HRESULT(row.status);
+        const BeginDrawHook begins(target.Get());
+        const EndDrawHook ends(target.Get(), [&row](const auto& next, auto... tags) {
+            next(tags...);
+            return HRESULT(row.status);
+        });
         canvas.BeginDraw();
         EXPECT_EQ(canvas.EndDraw(), row.lost) << std::hex << row.status;
+        EXPECT_EQ(begins.Calls().size(), 1u);
+        EXPECT_EQ(ends.Calls().size(), 1u);
     }
-    EXPECT_EQ(target.begun, int(std::size(rows)));
-    EXPECT_EQ(target.ended, int(std::size(rows)));
 }
 
 TEST_F(WRenderer2DTest, EndDrawWithoutBeginDrawIsNoLoss) {
-    Surface surface(8, 8);
-    EXPECT_FALSE(surface.canvas.EndDraw());
+    EXPECT_FALSE(canvas.EndDraw());
 }
 
-TEST_F(WRenderer2DTest, NoTargetIsStatus5) {
+TEST_F(WRenderer2DTest, NoTargetIsStatus5AndGivesUpTheOneThatWasThere) {
     EXPECT_EQ(canvas.TakeTarget(nullptr, 8, 8), kSurface_NoRenderTarget);
-}
-
-TEST_F(WRenderer2DTest, NoFillBrushIsStatus6AndTheTargetIsLetGo) {
-    target.brushesLeft = 0;
-    EXPECT_EQ(Take(), kSurface_NoFillBrush);
     EXPECT_EQ(canvas.mTarget, nullptr);
-    EXPECT_EQ(target.references, 1u);
 }
 
-TEST_F(WRenderer2DTest, NoStrokeBrushIsStatus7AndTheTargetIsLetGo) {
-    target.brushesLeft = 1;
-    EXPECT_EQ(Take(), kSurface_NoStrokeBrush);
-    EXPECT_EQ(canvas.mTarget, nullptr);
-    EXPECT_EQ(target.references, 1u);
-}
-
-TEST_F(WRenderer2DTest, TheDestructorReleasesTheTarget) {
-    {
-        OnScriptedTarget inner;
-        ASSERT_EQ(inner.TakeTarget(&target, 8, 8), kSurface_Success);
-        EXPECT_EQ(target.references, 2u);
-    }
-    EXPECT_EQ(target.references, 1u);
+TEST_F(WRenderer2DTest, TheDestructorReleasesTheTargetAndItsBrushes) {
+    std::optional<CanvasOnATarget> inner(std::in_place);
+    const ULONG before = target.Get()->AddRef();
+    ASSERT_EQ(inner->TakeTarget(target, 8, 8), kSurface_Success);
+    inner.reset();
+    EXPECT_EQ(target.Get()->Release(), before - 1);
 }
 
 TEST_F(WRenderer2DTest, TheBaseOfBothCanvasesShowsNoPixelsAndKeepsItsSize) {
-    ASSERT_EQ(Take(), kSurface_Success);
     Reader reader;
     canvas.ReadPixels(reader);
     canvas.Resize(99, 99);
     EXPECT_EQ(reader.calls, 0);
+    EXPECT_EQ(target->GetPixelSize().width, 8u);
 }
 
 TEST_F(WRenderer2DTest, TextIsDrawnWithoutOptions) {
-    ASSERT_EQ(Take(), kSurface_Success);
-    const double rect[4] = { 0, 0, 8, 8 };
+    const double rect[4] = { 1, 2, 8, 9 };
     const std::unique_ptr<ITextFormat> format = CreateTextFormat(12);
     ASSERT_NE(format, nullptr);
-    canvas.DrawText(u"a", 1, format.get(), rect);
-    EXPECT_EQ(target.textOptions, D2D1_DRAW_TEXT_OPTIONS_NONE);
+    D2D1_RECT_F place{};
+    const TextDrawn texts(target.Get(), [&place](const auto&, const WCHAR*, UINT, IDWriteTextFormat*,
+                                                 const D2D1_RECT_F* at, auto...) { place = *at; });
+    canvas.DrawText(u"ab", 2, format.get(), rect);
+    ASSERT_EQ(texts.Calls().size(), 1u);
+    EXPECT_EQ(std::get<UINT>(texts.Calls()[0]), 2u);
+    EXPECT_EQ(std::get<IDWriteTextFormat*>(texts.Calls()[0]), format->GetNativeFormat());
+    EXPECT_EQ(std::get<D2D1_DRAW_TEXT_OPTIONS>(texts.Calls()[0]), D2D1_DRAW_TEXT_OPTIONS_NONE);
+    EXPECT_EQ(place.left, 1);
+    EXPECT_EQ(place.top, 2);
+    EXPECT_EQ(place.right, 9);
+    EXPECT_EQ(place.bottom, 11);
 }
 
 TEST_F(WRenderer2DTest, ABitmapIsDrawnWholeWithLinearInterpolationAndAnOpacityOf1AtMost) {
-    Surface surface(8, 8);
     const char* const rows[4] = { "00FF", "00FF", "00FF", "00FF" };
-    const std::unique_ptr<IBitMap2D> bitmap(surface.canvas.CreateBitmapFromPackedRows(rows, 4));
+    const std::unique_ptr<IBitMap2D> bitmap(canvas.CreateBitmapFromPackedRows(rows, 4));
     ASSERT_NE(bitmap, nullptr);
-    ASSERT_EQ(Take(), kSurface_Success);
+    D2D1_RECT_F place{};
+    bool isWhole = false;
+    const BitmapDrawn drawn(target.Get(), [&](const auto&, ID2D1Bitmap*, const D2D1_RECT_F* at, FLOAT,
+                                              D2D1_BITMAP_INTERPOLATION_MODE, const D2D1_RECT_F* part) {
+        place = *at;
+        isWhole = part == nullptr;
+    });
     const double rect[4] = { 1, 2, 30, 40 };
-    canvas.DrawBitmap(bitmap.get(), 2, rect);
-    EXPECT_EQ(target.opacity, 1.0f);
-    EXPECT_EQ(target.destination.left, 1);
-    EXPECT_EQ(target.destination.top, 2);
-    EXPECT_EQ(target.destination.right, 31);
-    EXPECT_EQ(target.destination.bottom, 42);
-    EXPECT_TRUE(target.wholeBitmap);
-    EXPECT_EQ(target.interpolation, D2D1_BITMAP_INTERPOLATION_MODE_LINEAR);
-    canvas.DrawBitmap(bitmap.get(), 0.25f, rect);
-    EXPECT_EQ(target.opacity, 0.25f);
-    EXPECT_EQ(target.bitmaps, 2);
-    canvas.DrawBitmap(bitmap.get(), 0, rect);
-    canvas.DrawBitmap(bitmap.get(), -1, rect);
+    for (const float opacity : { 2.0f, 0.25f, 0.0f, -1.0f }) canvas.DrawBitmap(bitmap.get(), opacity, rect);
     canvas.DrawBitmap(nullptr, 1, rect);
-    EXPECT_EQ(target.bitmaps, 2);
+    ASSERT_EQ(drawn.Calls().size(), 2u); // the first two
+    EXPECT_EQ(std::get<FLOAT>(drawn.Calls()[0]), 1.0f);
+    EXPECT_EQ(std::get<FLOAT>(drawn.Calls()[1]), 0.25f);
+    EXPECT_EQ(std::get<D2D1_BITMAP_INTERPOLATION_MODE>(drawn.Calls()[0]),
+              D2D1_BITMAP_INTERPOLATION_MODE_LINEAR);
+    EXPECT_TRUE(isWhole);
+    EXPECT_EQ(place.left, 1);
+    EXPECT_EQ(place.top, 2);
+    EXPECT_EQ(place.right, 31);
+    EXPECT_EQ(place.bottom, 42);
 }
 
 } // namespace
