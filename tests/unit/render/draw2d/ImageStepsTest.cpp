@@ -43,16 +43,13 @@ struct Decoding {
         stream->InitializeFromMemory(bytes.data(), DWORD(bytes.size()));
         factory->CreateDecoderFromStream(stream.Get(), nullptr, WICDecodeMetadataCacheOnDemand, &decoder);
         factory->CreateFormatConverter(&converter);
-        ComPtr<IWICBitmap> bitmap;
-        factory->CreateBitmap(8, 8, GUID_WICPixelFormat32bppPBGRA, WICBitmapCacheOnLoad, &bitmap);
-        Direct2DFactory()->CreateWicBitmapRenderTarget(bitmap.Get(), D2D1::RenderTargetProperties(), &target);
     }
 
     Bytes bytes;
     ComPtr<IWICStream> stream;
     ComPtr<IWICBitmapDecoder> decoder;
     ComPtr<IWICFormatConverter> converter;
-    ComPtr<ID2D1RenderTarget> target;
+    ComPtr<ID2D1RenderTarget> target = SomeLayerTarget();
 };
 
 // Which step fails, and what the others made.

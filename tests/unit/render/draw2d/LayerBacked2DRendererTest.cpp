@@ -3,6 +3,8 @@
 #include "render/draw2d/Factories.h"
 #include "unit/render/draw2d/Surface.h"
 
+#include <d2d1_1.h>
+
 #include <gtest/gtest.h>
 
 namespace orvane::render {
@@ -189,6 +191,13 @@ TEST(LayerBacked2DRenderer, WithoutASurfaceNothingHappens) {
     EXPECT_FALSE(canvas.EndDraw());
     canvas.ReadPixels(reader);
     EXPECT_EQ(reader.calls, 0);
+}
+
+// Taking and leaving the factory's own lock is the component's answer to two threads; the other kind has none.
+TEST(Factories, TheDrawingFactoryIsTheMultiThreadedKind) {
+    ComPtr<ID2D1Multithread> guard;
+    ASSERT_TRUE(SUCCEEDED(Direct2DFactory()->QueryInterface(IID_PPV_ARGS(&guard))));
+    EXPECT_TRUE(guard->GetMultithreadProtected());
 }
 
 TEST(Factories, EachIsMadeOnceInTheProcess) {

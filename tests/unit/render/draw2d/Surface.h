@@ -1,6 +1,7 @@
 // A surface in memory as the tests use it: drawn on by a function, read back pixel by pixel.
 #pragma once
 
+#include "render/draw2d/Factories.h"
 #include "render/draw2d/LayerBacked2DRenderer.h"
 
 #include <gtest/gtest.h>
@@ -115,5 +116,14 @@ public:
 
     LayerBacked2DRenderer canvas;
 };
+
+// A target on a bitmap of 8 by 8 pixels, of the class of every layer surface's.
+inline Microsoft::WRL::ComPtr<ID2D1RenderTarget> SomeLayerTarget() {
+    Microsoft::WRL::ComPtr<IWICBitmap> bitmap;
+    Microsoft::WRL::ComPtr<ID2D1RenderTarget> target;
+    ImagingFactory()->CreateBitmap(8, 8, GUID_WICPixelFormat32bppPBGRA, WICBitmapCacheOnLoad, &bitmap);
+    Direct2DFactory()->CreateWicBitmapRenderTarget(bitmap.Get(), D2D1::RenderTargetProperties(), &target);
+    return target;
+}
 
 } // namespace orvane::render::tests

@@ -58,19 +58,9 @@ protected:
         EXPECT_EQ(mMade.Detach()->Release(), 0u);
     }
 
-    // The class of every target on a bitmap.
-    Surface mOther{ 8, 8 };
     BitmapHook mBitmaps;
     ComPtr<IWICBitmap> mMade;
 };
-
-ComPtr<ID2D1RenderTarget> SomeLayerTarget() {
-    ComPtr<IWICBitmap> bitmap;
-    ComPtr<ID2D1RenderTarget> target;
-    ImagingFactory()->CreateBitmap(8, 8, GUID_WICPixelFormat32bppPBGRA, WICBitmapCacheOnLoad, &bitmap);
-    Direct2DFactory()->CreateWicBitmapRenderTarget(bitmap.Get(), D2D1::RenderTargetProperties(), &target);
-    return target;
-}
 
 TEST_F(LayerStatus, NoRenderTargetIsStatus5) {
     const LayerTargetHook refuses(Direct2DFactory(), Always(E_OUTOFMEMORY));

@@ -2,17 +2,25 @@
 #include "render/draw2d/WTextFormat.h"
 #include "render/draw2d/WindowBacked2DRenderer.h"
 
+#include "support/direct3d/Hook.h"
+#include "support/windows/TestWindow.h"
 #include "unit/render/draw2d/Surface.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <memory>
 #include <thread>
 
 namespace orvane::render {
 namespace {
 
 using namespace tests;
+using orvane::tests::Hook;
+using orvane::tests::PumpMessages;
+using orvane::tests::TestWindow;
 
 // Panels of one colour with text on them, over and over; the number of those that came out wrong.
 int WrongPanels(Pixel color, int count) {
@@ -50,11 +58,29 @@ TEST_F(Threads, TwoSurfacesAreDrawnOnAtOnce) {
     EXPECT_EQ(wrongRed, 0);
 }
 
+// However long an operation takes, the other thread's waits for it: the component doesn't see to that everywhere.
+TEST_F(Threads, OnlyOneAtATimeIsInsideTheComponent) {
+    using Fill = void (STDMETHODCALLTYPE ID2D1RenderTarget::*)(const D2D1_RECT_F*, ID2D1Brush*);
+    std::atomic<int> inside = 0, most = 0;
+    const auto target = SomeLayerTarget();
+    const Hook<static_cast<Fill>(&ID2D1RenderTarget::FillRectangle)> fills(
+        target.Get(), [&](const auto& next, auto... arguments) {
+            most = std::max(most.load(), ++inside);
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            next(arguments...);
+            --inside;
+        });
+    std::thread service([] { EXPECT_EQ(WrongPanels(kRed, 10), 0); });
+    EXPECT_EQ(WrongPanels(kGreen, 10), 0);
+    service.join();
+    EXPECT_EQ(fills.Calls().size(), 20u);
+    EXPECT_EQ(most, 1);
+}
+
 TEST_F(Threads, TheCaptionIsPaintedWhilePanelsAreDrawn) {
-    const HWND window = CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 40, 40, 100,
-                                        40, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    const TestWindow window(100, 40);
     std::uint32_t status = 0;
-    const auto caption = CreateWindowBacked2DRenderer(100, 40, window, &status);
+    const auto caption = CreateWindowBacked2DRenderer(100, 40, window.Handle(), &status);
     ASSERT_NE(caption, nullptr);
     std::atomic<bool> done = false;
     int wrong = -1;
@@ -73,13 +99,11 @@ TEST_F(Threads, TheCaptionIsPaintedWhilePanelsAreDrawn) {
         caption->DrawText(u"caption", 7, format.get(), whole);
         EXPECT_FALSE(caption->EndDraw());
         ++painted;
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        PumpMessages();
     }
     service.join();
     EXPECT_EQ(wrong, 0);
     EXPECT_GT(painted, 0);
-    DestroyWindow(window);
 }
 
 } // namespace
