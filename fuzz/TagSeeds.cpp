@@ -40,7 +40,7 @@ std::vector<Seed> Seeds() {
         { "id3-2.4-extended", Id3Tag(4, Syncsafe(6) + std::string(2, '\1') + Id3Body(4), 0xC0) },
         { "id3-2.4-lengths", Id3Tag(4, Id3Frame(4, "TIT2", Syncsafe(6) + Id3Text("Title"), 0x01)) },
         { "id3-before-flac", Id3Tag(4, "", 0x10) + std::string(10, '3') + FlacFile({ { 1, "pad" } }) },
-        { "id3v1", "\xFF\xFB" + Id3v1Tag("Title", "Artist", "Album") },
+        { "id3v1", Join({ "\xFF\xFB", Id3v1Tag("Title", "Artist", "Album") }) },
         { "flac", FlacFile({ { 0, std::string(34, 'i') },
                              { 4, VorbisComments({ "TITLE=T", "ARTIST=A", "ALBUM=B" }) },
                              { 6, FlacPicture(3, Jpeg(24)) } }) },
