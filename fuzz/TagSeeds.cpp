@@ -1,19 +1,12 @@
 // Writes the seeds of fuzz_tags into the folder that is given: a small file of each format, and a few that have
 // what is rarely seen.
+#include "SeedFolder.h"
 #include "support/TagFiles.h"
-
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 
 namespace {
 
 using namespace orvane::tests;
-
-struct Seed {
-    const char* name;
-    std::string file;
-};
+using orvane::fuzz::Seed;
 
 std::string Id3Body(int version) {
     const bool two = version == 2;
@@ -59,19 +52,5 @@ std::vector<Seed> Seeds() {
 } // namespace
 
 int main(int count, char** arguments) {
-    if (count != 2) {
-        std::fprintf(stderr, "usage: %s FOLDER\n", arguments[0]);
-        return 2;
-    }
-    const std::filesystem::path folder = arguments[1];
-    std::filesystem::create_directories(folder);
-    for (const auto& seed : Seeds()) {
-        std::ofstream file(folder / seed.name, std::ios::binary);
-        file << seed.file;
-        if (!file.flush()) {
-            std::fprintf(stderr, "cannot write %s\n", seed.name);
-            return 1;
-        }
-    }
-    return 0;
+    return orvane::fuzz::WriteSeeds(count, arguments, Seeds());
 }
