@@ -28,8 +28,8 @@ need_packages() {
   as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix libcli11-dev googletest)
-bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev libcairo2-dev libopencv-imgproc-dev pkg-config)
+build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix libcli11-dev libeigen3-dev googletest)
+bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev libcairo2-dev libopencv-imgproc-dev pkg-config libfftw3-dev)
 wine_packages=(wine wine64 fonts-wine fonts-liberation libgl1-mesa-dri xvfb)
 
 # Configures and builds a preset in silence, or shows what went wrong.
