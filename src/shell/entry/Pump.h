@@ -8,6 +8,9 @@
 
 #include <windows.h>
 
+#include <deque>
+#include <functional>
+
 namespace orvane::shell {
 
 constexpr WORD kAcceleratorTable = 109;
@@ -24,9 +27,33 @@ public:
     // One message: posted work is executed and its payload freed, anything else goes its usual way.
     void Handle(MSG& message);
 
+    // True if the message was posted work, which is then done, or kept for later if it must wait.
+    bool HandlePostedWork(const MSG& message, bool mustWait = false);
+
 private:
+    void DoKeptWork();
+
     RequestOperations& mServer;
     HACCEL mAccelerators;
+    std::deque<MSG> mKept; // posted work that had to wait, in its order
+};
+
+// While the user drags or sizes a window, a loop inside DefWindowProc fetches the thread's messages, and
+// throws away those that belong to no window. As long as this lives, a message filter of the main thread
+// hands posted work to the pump all the same, so that nothing the service thread posted is lost. One at a
+// time, on the pump's thread.
+//
+// A loop that a plug-in runs inside a call from here, behind a message box say, may have the work's locks
+// above it: while `mustWait` holds, work is kept until the pump is back in its own loop.
+class ModalLoopFilter {
+public:
+    ModalLoopFilter(Pump& pump, std::function<bool()> mustWait);
+    ~ModalLoopFilter();
+    ModalLoopFilter(const ModalLoopFilter&) = delete;
+    ModalLoopFilter& operator=(const ModalLoopFilter&) = delete;
+
+private:
+    HHOOK mHook;
 };
 
 } // namespace orvane::shell
