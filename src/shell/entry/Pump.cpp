@@ -78,23 +78,21 @@ void Pump::Handle(MSG& message) {
 }
 
 bool Pump::HandlePostedWork(const MSG& message, bool mustWait) {
-    const auto* row = FindRow(message.message);
-    if (!row) return false;
-    if (mustWait) {
-        mKept.push_back(message);
-        return true;
-    }
-    DoKeptWork();
-    row->handle(mServer, message.lParam);
+    if (!FindRow(message.message)) return false;
+    mKept.push_back(message);
+    if (!mustWait) DoKeptWork();
     return true;
 }
 
+// Work that a piece of work's own message loop fetches waits for that piece's end: it is left to the loop here.
 void Pump::DoKeptWork() {
+    if (std::exchange(mWorking, true)) return;
     while (!mKept.empty()) {
         const MSG message = mKept.front();
         mKept.pop_front();
         FindRow(message.message)->handle(mServer, message.lParam);
     }
+    mWorking = false;
 }
 
 namespace {
@@ -119,6 +117,7 @@ ModalLoopFilter::ModalLoopFilter(Pump& pump, std::function<bool()> mustWait)
 
 ModalLoopFilter::~ModalLoopFilter() {
     sFilteringPump = nullptr;
+    sMustWait = nullptr;
     if (mHook) UnhookWindowsHookEx(mHook);
 }
 

@@ -69,11 +69,12 @@ void OOPWinPipeServer::CreateRenderTargetAndIcons() {
     auto maximizeBox = makeIcon(kMaximizeBoxRows, "Could not create the maximize box icon.\n");
     auto restoreBox = makeIcon(kRestoreBoxRows, "Could not create the restore box icon.\n");
 
+    // What another thread made meanwhile is swapped out, and goes behind the lock: the icons first.
     const platform::OwnedLock lock(mCaptionLock);
-    mRenderTarget = std::move(target);
-    mCloseBoxIcon = std::move(closeBox);
-    mMaximizeBoxIcon = std::move(maximizeBox);
-    mRestoreBoxIcon = std::move(restoreBox);
+    mRenderTarget.swap(target);
+    mCloseBoxIcon.swap(closeBox);
+    mMaximizeBoxIcon.swap(maximizeBox);
+    mRestoreBoxIcon.swap(restoreBox);
 }
 
 void OOPWinPipeServer::ReleaseRenderTargetAndIcons() {
@@ -125,9 +126,14 @@ void OOPWinPipeServer::ResizeRenderTarget(std::uint32_t width, std::uint32_t hei
     if (mCurrentPlugin) mCurrentPlugin->Reshape();
 }
 
+bool OOPWinPipeServer::HasRenderTarget() {
+    const platform::OwnedLock lock(mCaptionLock);
+    return mRenderTarget != nullptr;
+}
+
 void OOPWinPipeServer::PaintCaption(HWND window, const RECT& clientRect) {
     if (mIsFullScreen) return;
-    if (!mRenderTarget) CreateRenderTargetAndIcons();
+    if (!HasRenderTarget()) CreateRenderTargetAndIcons();
     bool lost = false;
     {
         const platform::OwnedLock lock(mCaptionLock);

@@ -65,6 +65,7 @@ private:
     void CreateProxyWindow();
     void CreateRenderTargetAndIcons();
     void ReleaseRenderTargetAndIcons();
+    [[nodiscard]] bool HasRenderTarget();
     void InvalidateStrip();
     void DrawCaption(HWND window, const RECT& clientRect);
     void DrawTitle(HWND window, const RECT& clientRect);

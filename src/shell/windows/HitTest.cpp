@@ -2,48 +2,78 @@
 
 #include "shell/server/WindowGeometry.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace orvane::shell {
 
 namespace {
 
-// Lower limit included, upper excluded.
-constexpr bool Within(LONG value, LONG from, LONG to) {
-    return from <= value && value < to;
-}
+// The parts of the window that a point can lie in, several at once; bits.
+enum Part : unsigned {
+    kTopBorder = 1,
+    kStrip = 2, // the top border included
+    kBottomBorder = 4,
+    kLeftBorder = 8,
+    kRightBorder = 16,
+    kBoxRows = 32, // the rows of the strip in which its boxes take clicks: those of the icons' strokes
+    kCloseBox = 64,
+    kZoomBox = 128,
+};
 
-// The boxes take clicks over the icons' width, and over the icons' strokes in height.
 constexpr LONG kBoxTop = 10;
-constexpr LONG kBoxBottom = 26; // included
+constexpr LONG kBoxEnd = 27;
 
-constexpr bool OverBox(LONG x, LONG clientRight, LONG inset) {
-    return Within(x, clientRight - inset - kIconWidth, clientRight - inset);
+// The first row whose parts all hold the point decides.
+//
+// KEEP: the strip is caption at its left and right edge too, so that it can't be sized by them. A strip of 30
+// pixels is to be dragged by, wherever it is taken. Pinned by HitTest.InTheStripOnTheLeftBorderIsCaption.
+struct HitRow {
+    unsigned parts;
+    LRESULT code;
+};
+
+constexpr HitRow kHits[] = {
+    { kTopBorder | kLeftBorder, HTTOPLEFT },
+    { kTopBorder | kRightBorder, HTTOPRIGHT },
+    { kTopBorder, HTTOP },
+    { kStrip | kBoxRows | kCloseBox, HTCLOSE },
+    { kStrip | kBoxRows | kZoomBox, HTMAXBUTTON },
+    { kStrip, HTCAPTION },
+    { kLeftBorder | kBottomBorder, HTBOTTOMLEFT },
+    { kLeftBorder, HTLEFT },
+    { kRightBorder | kBottomBorder, HTBOTTOMRIGHT },
+    { kRightBorder, HTRIGHT },
+    { kBottomBorder, HTBOTTOM },
+};
+
+// Lower limit included, upper excluded.
+constexpr unsigned PartIf(Part part, LONG value, LONG from, LONG to) {
+    return from <= value && value < to ? part : 0u;
 }
 
-LRESULT HitStrip(LONG x, LONG y, LONG clientRight) {
-    if (y >= kBoxTop && y <= kBoxBottom) {
-        if (OverBox(x, clientRight, kCloseIconInset)) return HTCLOSE;
-        if (OverBox(x, clientRight, kZoomIconInset)) return HTMAXBUTTON;
-    }
-    // KEEP: the strip's left and right edge too, so that it can't be sized by them. A strip of 30 pixels is
-    // to be dragged by, wherever it is taken. Pinned by HitTest.InTheStripOnTheLeftBorderIsCaption.
-    return HTCAPTION;
+unsigned PartsAt(POINT point, const RECT& window, LONG clientRight) {
+    const auto box = [&](Part part, LONG inset) { // as wide as its icon
+        const LONG right = window.left + clientRight - inset;
+        return PartIf(part, point.x, right - kIconWidth, right);
+    };
+    return PartIf(kTopBorder, point.y, window.top, window.top + kBorder) |
+           PartIf(kStrip, point.y, window.top, window.top + kCaptionHeight) |
+           PartIf(kBottomBorder, point.y, window.bottom - kBorder, window.bottom) |
+           PartIf(kLeftBorder, point.x, window.left, window.left + kBorder) |
+           PartIf(kRightBorder, point.x, window.right - kBorder, window.right) |
+           PartIf(kBoxRows, point.y, window.top + kBoxTop, window.top + kBoxEnd) |
+           box(kCloseBox, kCloseIconInset) | box(kZoomBox, kZoomIconInset);
 }
 
 } // namespace
 
 std::optional<LRESULT> HitTest(POINT point, const RECT& window, LONG clientRight) {
-    const bool top = Within(point.y, window.top, window.top + kBorder);
-    const bool strip = Within(point.y, window.top, window.top + kCaptionHeight);
-    const bool bottom = Within(point.y, window.bottom - kBorder, window.bottom);
-    const bool left = Within(point.x, window.left, window.left + kBorder);
-    const bool right = Within(point.x, window.right - kBorder, window.right);
-
-    if (top) return left ? HTTOPLEFT : right ? HTTOPRIGHT : HTTOP;
-    if (strip) return HitStrip(point.x - window.left, point.y - window.top, clientRight);
-    if (left) return bottom ? HTBOTTOMLEFT : HTLEFT;
-    if (right) return bottom ? HTBOTTOMRIGHT : HTRIGHT;
-    if (bottom) return HTBOTTOM;
-    return std::nullopt;
+    const unsigned parts = PartsAt(point, window, clientRight);
+    const auto* row = std::find_if(std::begin(kHits), std::end(kHits), [&](const HitRow& candidate) {
+        return (parts & candidate.parts) == candidate.parts;
+    });
+    return row == std::end(kHits) ? std::nullopt : std::optional(row->code);
 }
 
 } // namespace orvane::shell

@@ -33,17 +33,6 @@ template <typename Row, std::size_t N>
     return row == std::end(rows) ? nullptr : row;
 }
 
-// Keys with a meaning of their own, as WM_CHAR values.
-inline constexpr WPARAM kCloseCharacter = 20;     // Ctrl+T
-inline constexpr WPARAM kFullScreenCharacter = 6; // Ctrl+F; the log lines call it VK_XBUTTON2
-
-inline constexpr LPARAM kExtendedKeyBit = LPARAM(1) << 24;
-
-// What both do about a key going down: tells the control key, and leaves an extended key for the next pulse
-// reply. KEEP: an extended key stores no code, so the player learns that there was one and not which.
-// Pinned by Keys.AnExtendedKeyLeadsToTwoZeroWords.
-void NoteKeyDown(const char* controlKeyLine, const WindowMessage& message);
-
 // A server's pointer that a window procedure keeps, from its window's creation message.
 template <typename Server>
 [[nodiscard]] Server* CreationParameter(const WindowMessage& message) {

@@ -1,14 +1,10 @@
-#include "platform/LogLine.h"
-#include "records/PulseEvents.h"
 #include "shell/server/OOPWinPipeServer.h"
+#include "shell/windows/InputRelay.h"
 #include "shell/windows/MessageHandlers.h"
 #include "shell/windows/ProxyMessages.h"
-#include "shell/windows/SystemCommands.h"
 #include "shell/windows/WindowProcedures.h"
 
 namespace orvane::shell {
-
-using platform::LogLine;
 
 namespace {
 
@@ -35,41 +31,15 @@ MessageResult OnEraseBackground(const WindowMessage&) {
 }
 
 MessageResult OnKeyDown(const WindowMessage& message) {
-    NoteKeyDown("Proxy::Control key down\n", message);
-    return std::nullopt;
+    return RelayKeyDown(kProxyInput, message);
 }
 
-// KEEP: a character that is taken gives 1 here, and 0 in the window around it. Pinned by
-// ProxyCharacters.ATakenOneGivesOne.
 MessageResult OnCharacter(const WindowMessage& message) {
-    if (message.wParam == kCloseCharacter) {
-        records::sCloseRequested = true;
-        return 1;
-    }
-    if (message.wParam == kFullScreenCharacter) {
-        if (sPipeServer)
-            sPipeServer->ToggleFullScreen();
-        else
-            LogLine("Proxy::WM_CHAR VK_XBUTTON2 no sPipeServer\n");
-        return std::nullopt;
-    }
-    // KEEP: the low byte alone, so a character beyond Latin-1 arrives as another one. Pinned by
-    // ProxyCharacters.OnlyTheLowByteIsHandedOn.
-    if (sPipeServer && sPipeServer->HandleKey(LOBYTE(message.wParam), std::uint32_t(message.lParam)))
-        return 1;
-    return std::nullopt;
+    return RelayCharacter(kProxyInput, sPipeServer, message);
 }
 
 MessageResult OnSystemCommand(const WindowMessage& message) {
-    if (!IsKeyMenu(message.wParam)) {
-        LogSystemCommand("Proxy", message.wParam);
-    } else if (IsAltEnter(message.lParam)) {
-        if (sPipeServer)
-            sPipeServer->ToggleFullScreen();
-        else
-            LogLine("Proxy::WM_SYSCOMMAND no sOOPWindowProcPipeServer\n");
-    }
-    return std::nullopt;
+    return RelaySystemCommand(kProxyInput, sPipeServer, message);
 }
 
 constexpr MessageHandler kHandlers[] = {

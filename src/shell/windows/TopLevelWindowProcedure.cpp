@@ -3,8 +3,8 @@
 #include "shell/server/OOPWinPipeServer.h"
 #include "shell/server/WindowGeometry.h"
 #include "shell/windows/HitTest.h"
+#include "shell/windows/InputRelay.h"
 #include "shell/windows/MessageHandlers.h"
-#include "shell/windows/SystemCommands.h"
 #include "shell/windows/WindowProcedures.h"
 
 namespace orvane::shell {
@@ -70,62 +70,44 @@ MessageResult OnHitTest(const WindowMessage& message) {
     return HitTest(SignedPoint(message.lParam), window, client.right);
 }
 
-// KEEP: press and release act alike, so one click on the maximise box posts a command for each of them.
-// Mostly the box has moved away under the mouse by the time of the release, and that one then meets
-// something else. No hit test gives HTMINBUTTON; its row completes the list. Pinned by
-// StripClicks.PressAndReleaseBothAct.
+// The hit-test codes that a click acts upon.
+//
+// KEEP: press and release act alike, so one click on the maximise box posts a command for each of them. Mostly
+// the box has moved away under the mouse by the time of the release, and that one then meets something else.
+// No hit test gives HTMINBUTTON; its row completes the list. Pinned by StripClicks.PressAndReleaseBothAct.
+struct ClickRow {
+    WPARAM code;
+    void (*act)(HWND window);
+};
+
+constexpr ClickRow kStripClicks[] = {
+    { HTMINBUTTON, [](HWND window) { PostMessageW(window, WM_SYSCOMMAND, SC_MINIMIZE, 0); } },
+    { HTMAXBUTTON,
+      [](HWND window) {
+          PostMessageW(window, WM_SYSCOMMAND, IsZoomed(window) ? SC_RESTORE : SC_MAXIMIZE, 0);
+      } },
+    { HTCLOSE, [](HWND) { records::sCloseRequested = true; } }, // nothing else: the player decides
+};
+
 MessageResult OnStripClick(const WindowMessage& message) {
-    switch (message.wParam) {
-    case HTMINBUTTON:
-        PostMessageW(message.window, WM_SYSCOMMAND, SC_MINIMIZE, 0);
-        return 0;
-    case HTMAXBUTTON:
-        PostMessageW(message.window, WM_SYSCOMMAND, IsZoomed(message.window) ? SC_RESTORE : SC_MAXIMIZE, 0);
-        return 0;
-    case HTCLOSE:
-        records::sCloseRequested = true; // nothing else: the player decides
-        return 0;
-    default:
-        return std::nullopt;
-    }
+    for (const ClickRow& row : kStripClicks)
+        if (row.code == message.wParam) {
+            row.act(message.window);
+            return 0;
+        }
+    return std::nullopt;
 }
 
 MessageResult OnKeyDown(const WindowMessage& message) {
-    NoteKeyDown("OOPWindowProc::Control key down\n", message);
-    return std::nullopt;
+    return RelayKeyDown(kTopLevelInput, message);
 }
 
 MessageResult OnCharacter(const WindowMessage& message) {
-    if (message.wParam == kCloseCharacter) {
-        records::sCloseRequested = true;
-        return 0;
-    }
-    if (message.wParam == kFullScreenCharacter) {
-        if (sOOPWindowProcPipeServer)
-            sOOPWindowProcPipeServer->ToggleFullScreen();
-        else
-            LogLine("OOPWindowProc::WM_CHAR VK_XBUTTON2 no sOOPWindowProcPipeServer\n");
-        return std::nullopt;
-    }
-    if (!sOOPWindowProcPipeServer) {
-        LogLine("OOPWindowProc::WM_CHAR no sOOPWindowProcPipeServer\n");
-        return std::nullopt;
-    }
-    if (sOOPWindowProcPipeServer->HandleKey(std::uint16_t(message.wParam), std::uint32_t(message.lParam)))
-        return 0;
-    return std::nullopt;
+    return RelayCharacter(kTopLevelInput, sOOPWindowProcPipeServer, message);
 }
 
 MessageResult OnSystemCommand(const WindowMessage& message) {
-    if (!IsKeyMenu(message.wParam)) {
-        LogSystemCommand("OOPWindowProc", message.wParam);
-    } else if (IsAltEnter(message.lParam)) {
-        if (sOOPWindowProcPipeServer)
-            sOOPWindowProcPipeServer->ToggleFullScreen();
-        else
-            LogLine("OOPWindowProc::WM_SYSCOMMAND no sOOPWindowProcPipeServer\n");
-    }
-    return std::nullopt;
+    return RelaySystemCommand(kTopLevelInput, sOOPWindowProcPipeServer, message);
 }
 
 MessageResult Say(std::string_view line) {

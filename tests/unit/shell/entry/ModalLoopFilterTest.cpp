@@ -80,6 +80,22 @@ TEST_F(ModalLoop, KeptWorkIsDoneAsSoonAsThePumpIsBackInItsLoop) {
     EXPECT_EQ(mServer.mCalls, Calls{ "stop" });
 }
 
+// A message box that a visualizer shows from its draw, say. Deactivated at once, it would lose its ground.
+TEST_F(ModalLoop, WorkThatComesWhileOtherWorkIsUnderWayIsDoneBehindIt) {
+    FreedBlocks freed;
+    mServer.mOnDraw = [&] {
+        Post(MESSAGE_ACTVT_VISUALIZER, freed.Watch(MakeFourWords().release()));
+        Post(MESSAGE_DEACT_VISUALIZER);
+        RunModalLoop();
+        mServer.mCalls.emplace_back("end of draw");
+        Post(WM_QUIT);
+    };
+    Post(MESSAGE_DRAWV_VISUALIZER);
+    EXPECT_EQ(mPump.Run(), 0);
+    EXPECT_EQ(mServer.mCalls, (Calls{ "draw", "end of draw", "activate 0 0 0 0", "deactivate" }));
+    EXPECT_EQ(freed.Times(0), 1);
+}
+
 TEST(ModalLoopFilter, BehindItsEndWorkIsNobodysAgain) {
     RecordingOperations server;
     Pump pump(server, nullptr);
