@@ -18,12 +18,13 @@ bool OOPWinPipeServer::HandleKey(std::uint16_t character, std::uint32_t keyParam
     const auto typed = char16_t(character);
     if (mCurrentPlugin->KeyInput(1, &typed, 0)) return true;
 
-    // For the next pulse reply. A second character before that overwrites the first.
-    records::sKeyEventState = records::kCharacterLeftOver;
+    // For the next pulse reply. A second character before that overwrites the first. The state comes last: a reply
+    // that is made meanwhile on the service thread takes the key whole or not at all.
     records::sKeyEventCode = character;
+    records::sKeyEventParam = keyParam;
+    records::sKeyEventState = records::kCharacterLeftOver;
     LogFormat("OOPWindowProc::HandleKey. controlKeyState 0x%X shiftKeyState 0x%X. \n",
               unsigned(int(GetKeyState(VK_CONTROL))), unsigned(int(GetKeyState(VK_SHIFT))));
-    records::sKeyEventParam = keyParam;
     return false;
 }
 

@@ -24,12 +24,16 @@ long Absolute(int pixel, int metric) {
     return (2 * long(pixel) + 1) * kWholeScreen / (2 * long(GetSystemMetrics(metric)));
 }
 
+constexpr bool IsExtended(WORD key) {
+    return key >= VK_PRIOR && key <= VK_DOWN;
+}
+
 void SendKey(WORD key, DWORD flags) {
     INPUT input = {};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = key;
     input.ki.wScan = WORD(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = flags;
+    input.ki.dwFlags = flags | (IsExtended(key) ? KEYEVENTF_EXTENDEDKEY : 0);
     SendInput(1, &input, sizeof(input));
 }
 
@@ -115,6 +119,7 @@ void WindowsTest::SetUp() {
     ASSERT_NO_FATAL_FAILURE(PluginsTest::SetUp());
     std::filesystem::copy_file(ProgramBeside(L"example-plugin.dll"),
                                mFolders.Make(Folder::kBesideProgram) / "example-plugin.dll");
+    mFolders.Lay(Folder::kRoamingData, "recorder");
     ASSERT_NO_FATAL_FAILURE(ServeHost());
     mWindow = FindWindowW(L"ORVANE OOPWIND", nullptr);
     ASSERT_NE(mWindow, nullptr);
@@ -154,6 +159,8 @@ std::string WindowsTest::Pulse() {
 Picture WindowsTest::Strip() const {
     RECT rect = {};
     GetWindowRect(mWindow, &rect);
+    const RECT strip = { 0, 0, rect.right - rect.left, 30 };
+    InvalidateRect(mWindow, &strip, FALSE);
     rect.bottom = rect.top + 30;
     return TakePicture(rect);
 }

@@ -41,7 +41,7 @@ void ReleaseMouse();
 void ClickAt(int x, int y);
 void Type(std::initializer_list<WORD> keys); // all go down in their order, and up again in the opposite one
 
-// A host with the example module in a plug-in folder, and a player on it. Its window is where it is made,
+// A host with the example module and the recorder in plug-in folders, and a player on it. Its window is where it is made,
 // hidden.
 class WindowsTest : public PluginsTest {
 protected:
@@ -57,10 +57,10 @@ protected:
     // A pulse with a loud sound; its reply.
     std::string Pulse();
 
-    // The top 30 rows of the window.
+    // The top 30 rows of the window as the screen shows them; more of the latest picture the more often it is
+    // asked for. Has the strip painted once more: a compositing system that is idle may show a picture only when
+    // the next one is there.
     [[nodiscard]] Picture Strip() const;
-
-    [[nodiscard]] long Width() const { return RectOf(mWindow)[2] - RectOf(mWindow)[0]; }
 
     HWND mWindow = nullptr, mProxy = nullptr;
     std::uint32_t mStamp = 0;

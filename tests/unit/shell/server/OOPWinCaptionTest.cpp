@@ -1,6 +1,7 @@
 // The caption strip: what is painted on it, and what becomes of a target that is lost.
 #include "render/PackedRows.h"
 #include "shell/server/CaptionIcons.h"
+#include "support/IconDrawings.h"
 #include "support/windows/WindowServer.h"
 
 namespace orvane::tests {
@@ -117,63 +118,26 @@ TEST_F(Caption, WithoutATargetItIsTriedAtEachPaint) {
     EXPECT_EQ(Paint().size(), kNewTarget.size() + kPainted.size());
 }
 
-// The icons. The drawings are written out here once more, so that the packed rows have something to be held
-// against.
+// The icons.
 
-constexpr int kWidth = 25, kHeight = 18;
-using Drawing = const char* [kHeight];
-
-constexpr Drawing kClose = {
-    ".........................", ".........................", ".........................",
-    ".........................", "........#+......+#.......", "........+#+....+#+.......",
-    ".........+#+..+#+........", "..........+#++#+.........", "...........+##+..........",
-    "...........+##+..........", "..........+#++#+.........", ".........+#+..+#+........",
-    "........+#+....+#+.......", "........#+......+#.......", ".........................",
-    ".........................", ".........................", ".........................",
-};
-
-constexpr Drawing kMaximize = {
-    ".........................", ".........................", ".........................",
-    ".........................", "........##########.......", "........#........#.......",
-    "........#........#.......", "........#........#.......", "........#........#.......",
-    "........#........#.......", "........#........#.......", "........#........#.......",
-    "........#........#.......", "........##########.......", ".........................",
-    ".........................", ".........................", ".........................",
-};
-
-constexpr Drawing kRestore = {
-    ".........................", ".........................", ".........................",
-    ".........##########......", ".........#........#......", ".......##########.#......",
-    ".......#........#.#......", ".......#........#.#......", ".......#........#.#......",
-    ".......#........#.#......", ".......#........#.#......", ".......#........#.#......",
-    ".......#........###......", ".......#........#........", ".......##########........",
-    ".........................", ".........................", ".........................",
-};
-
-void ExpectDrawing(const char* const (&rows)[72], const Drawing& drawing, const std::vector<int>& strong,
-                   int soft) {
+void ExpectDrawing(const char* const (&rows)[72], const IconDrawing& drawing,
+                   std::uint8_t (*value)(int row, char mark)) {
     const auto picture = render::DecodePackedRows(rows, 72);
     ASSERT_TRUE(picture);
-    ASSERT_EQ(picture->width, unsigned(kWidth));
-    ASSERT_EQ(picture->height, unsigned(kHeight));
-    for (int y = 0; y < kHeight; ++y)
-        for (int x = 0; x < kWidth; ++x) {
-            const std::uint8_t* pixel = &picture->bytes[std::size_t(4 * (y * kWidth + x))];
-            const char mark = drawing[y][x];
-            SCOPED_TRACE(std::string(1, mark) + " at " + std::to_string(x) + ", " + std::to_string(y));
-            for (int channel = 1; channel < 4; ++channel) EXPECT_EQ(pixel[channel], pixel[0]);
-            if (mark == '#')
-                EXPECT_TRUE(std::find(strong.begin(), strong.end(), pixel[0]) != strong.end())
-                    << int(pixel[0]);
-            else
-                EXPECT_EQ(pixel[0], mark == '+' ? soft : 0);
+    ASSERT_EQ(picture->width, unsigned(kIconColumns));
+    ASSERT_EQ(picture->height, unsigned(kIconRows));
+    for (int y = 0; y < kIconRows; ++y)
+        for (int x = 0; x < kIconColumns; ++x) {
+            const std::uint8_t* pixel = &picture->bytes[std::size_t(4 * (y * kIconColumns + x))];
+            for (int channel = 0; channel < 4; ++channel)
+                EXPECT_EQ(pixel[channel], value(y, drawing[y][x])) << x << ", " << y << ", " << channel;
         }
 }
 
 TEST(CaptionIcons, TheRowsOfEachDecodeToItsDrawing) {
-    ExpectDrawing(shell::kCloseBoxRows, kClose, { 138, 133 }, 21);
-    ExpectDrawing(shell::kMaximizeBoxRows, kMaximize, { 128 }, -1);
-    ExpectDrawing(shell::kRestoreBoxRows, kRestore, { 128 }, -1);
+    ExpectDrawing(shell::kCloseBoxRows, kCloseDrawing, &CloseValue);
+    ExpectDrawing(shell::kMaximizeBoxRows, kMaximizeDrawing, &BoxValue);
+    ExpectDrawing(shell::kRestoreBoxRows, kRestoreDrawing, &BoxValue);
 }
 
 } // namespace
