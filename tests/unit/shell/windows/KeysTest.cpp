@@ -113,7 +113,7 @@ TEST_F(Keys, AltEnterTogglesFullScreenWithNoLineOfItsOwn) {
         EXPECT_EQ(Values(WindowRectOf(Window())),
                   (std::vector<long>{ 0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN) }));
         EXPECT_EQ(CursorCount(), cursor - 1);
-        EXPECT_EQ(console.Text().find("SYSTEMCOMMAND"), std::string::npos);
+        EXPECT_EQ(console.Text(), "OOPWindowProc::WM_SIZE is in full screen\n");
         SendMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, 13);
         EXPECT_FALSE(server.IsFullScreen());
         EXPECT_EQ(Values(WindowRectOf(Window())), Values(windowed));
@@ -132,7 +132,7 @@ TEST_F(Keys, AltEnterComesToItsCommandAsACharacter) {
 
 TEST_F(Keys, AnotherKeyMenuDoesNothing) {
     for (const HWND window : { Window(), Proxy() }) {
-        EXPECT_EQ(Told(window, WM_SYSCOMMAND, SC_KEYMENU, 'x').find("SYSTEMCOMMAND"), std::string::npos);
+        EXPECT_EQ(Told(window, WM_SYSCOMMAND, SC_KEYMENU, 'x'), "");
         EXPECT_FALSE(server.IsFullScreen());
     }
 }
@@ -187,8 +187,8 @@ TEST_F(Keys, WithoutAServerKeysHaveTheirLinesAndLeadToNothing) {
     EXPECT_EQ(Told(mProxy, WM_CHAR, 'a', kPlainKey), "");
     EXPECT_EQ(result, 0);
     EXPECT_EQ(Told(mProxy, WM_CHAR, kCtrlF, 1), "Proxy::WM_CHAR VK_XBUTTON2 no sPipeServer\n");
-    EXPECT_TRUE(Told(mProxy, WM_SYSCOMMAND, SC_KEYMENU, 13)
-                    .starts_with("Proxy::WM_SYSCOMMAND no sOOPWindowProcPipeServer\n"));
+    EXPECT_EQ(Told(mProxy, WM_SYSCOMMAND, SC_KEYMENU, 13),
+              "Proxy::WM_SYSCOMMAND no sOOPWindowProcPipeServer\n");
     EXPECT_EQ(records::sKeyEventState, 0u);
     EXPECT_EQ(Told(mProxy, WM_CHAR, kCtrlT, 1), "");
     EXPECT_EQ(result, 1);

@@ -181,11 +181,11 @@ TEST(SystemCommands, EachIsNamedWhateverItsLowFourBits) {
 }
 
 TEST_F(TopLevelWindow, NamesASystemCommandAndHasItCarriedOut) {
-    EXPECT_TRUE(Told(Window(), WM_SYSCOMMAND, SC_MAXIMIZE | 2)
-                    .starts_with("OOPWindowProc:SYSTEMCOMMAND:SC_MAXIMIZE\n"));
+    EXPECT_EQ(Told(Window(), WM_SYSCOMMAND, SC_MAXIMIZE | 2),
+              std::string("OOPWindowProc:SYSTEMCOMMAND:SC_MAXIMIZE\n") + kNotFullScreen);
     EXPECT_TRUE(IsZoomed(Window()));
-    EXPECT_TRUE(
-        Told(Window(), WM_SYSCOMMAND, SC_RESTORE).starts_with("OOPWindowProc:SYSTEMCOMMAND:SC_RESTORE\n"));
+    EXPECT_EQ(Told(Window(), WM_SYSCOMMAND, SC_RESTORE),
+              std::string("OOPWindowProc:SYSTEMCOMMAND:SC_RESTORE\n") + kNotFullScreen);
     EXPECT_FALSE(IsZoomed(Window()));
 }
 
