@@ -115,7 +115,7 @@ void WindowsTest::SetUp() {
     ASSERT_NO_FATAL_FAILURE(PluginsTest::SetUp());
     std::filesystem::copy_file(ProgramBeside(L"example-plugin.dll"),
                                mFolders.Make(Folder::kBesideProgram) / "example-plugin.dll");
-    ASSERT_NO_FATAL_FAILURE(ServeHost());
+    ASSERT_NO_FATAL_FAILURE(StartProgram());
     mWindow = FindWindowW(L"ORVANE OOPWIND", nullptr);
     ASSERT_NE(mWindow, nullptr);
     mProxy = FindWindowExW(mWindow, nullptr, L"ORVANE PROXY", nullptr);
