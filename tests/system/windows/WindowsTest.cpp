@@ -120,7 +120,7 @@ void WindowsTest::SetUp() {
     std::filesystem::copy_file(ProgramBeside(L"example-plugin.dll"),
                                mFolders.Make(Folder::kBesideProgram) / "example-plugin.dll");
     mFolders.Lay(Folder::kRoamingData, "recorder");
-    ASSERT_NO_FATAL_FAILURE(ServeHost());
+    ASSERT_NO_FATAL_FAILURE(StartProgram());
     mWindow = FindWindowW(L"ORVANE OOPWIND", nullptr);
     ASSERT_NE(mWindow, nullptr);
     mProxy = FindWindowExW(mWindow, nullptr, L"ORVANE PROXY", nullptr);

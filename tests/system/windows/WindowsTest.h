@@ -48,6 +48,8 @@ protected:
     void SetUp() override;
     ~WindowsTest() override;
 
+    virtual void StartProgram() { ServeHost(); }
+
     // 'SWND', and the window has come up with its strip painted.
     void Show();
 
