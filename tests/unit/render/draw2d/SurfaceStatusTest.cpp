@@ -133,15 +133,18 @@ protected:
         EXPECT_EQ(status, expected);
     }
 
+    // Any target, to hook what all of them share; on a window of its own, since Wine may crash as the process ends
+    // where two had one window.
     [[nodiscard]] ComPtr<ID2D1HwndRenderTarget> SomeTarget() const {
         ComPtr<ID2D1HwndRenderTarget> target;
         Direct2DFactory()->CreateHwndRenderTarget(
             D2D1::RenderTargetProperties(),
-            D2D1::HwndRenderTargetProperties(mWindow.Handle(), { kSide, kSide }), &target);
+            D2D1::HwndRenderTargetProperties(mOtherWindow.Handle(), { kSide, kSide }), &target);
         return target;
     }
 
     TestWindow mWindow{ kSide, kSide };
+    TestWindow mOtherWindow{ kSide, kSide };
 };
 
 TEST_F(WindowStatus, NoRenderTargetIsStatus5) {
