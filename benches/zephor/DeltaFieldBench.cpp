@@ -1,9 +1,12 @@
 // Building a delta field beside the same loop on the C library's functions.
 #include "SameAnswer.h"
+#include "TakingTurns.h"
 #include "zephor/LibmField.h"
 
 #include <benchmark/benchmark.h>
 
+#include <map>
+#include <memory>
 #include <string>
 
 namespace {
@@ -14,58 +17,75 @@ using single::LaneForm;
 
 constexpr FieldSize kSizes[] = { { 1002, 802 }, { 1922, 1082 }, { 3840, 2160 } };
 constexpr int kStorageKind = 5;
-constexpr int kSlicesForThreads = 8;
+constexpr int kSlices = 8;
 
-void SetRate(benchmark::State& state, FieldSize size) {
-    state.counters["ns/px"] =
-        benchmark::Counter(double(size.width) * size.height * double(state.iterations()) * 1e-9,
-                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-}
+constexpr int kRounds = 3;
 
-void Own(benchmark::State& state, const MeasuredMember& member, FieldSize size, int threadCount,
-         LaneForm form) {
-    ZephorLayerNextDeltaField field(kStorageKind);
-    field.Resize(size.width, size.height);
-    field.SetSliceCount(kSlicesForThreads);
-    const auto functor = MakeMeasured(member.name);
-    SliceThreads threads(threadCount);
-    Cells cells(std::size_t(size.width) * std::size_t(size.height));
-    member.byLibm(size, cells);
-    ComputeDeltaField(field, *functor, threads, form);
-    RequireSameAnswer(NearlyTheSame(field, cells), member.name);
-    for ([[maybe_unused]] auto _ : state) {
+// The field that is being measured, and the same by the C library.
+struct Scene {
+    ZephorLayerNextDeltaField field{ kStorageKind };
+    std::unique_ptr<DeltafieldFunctor> functor;
+    Cells cells;
+
+    Scene(const MeasuredMember& member, FieldSize size)
+        : functor(MakeMeasured(member.name))
+        , cells(std::size_t(size.width) * std::size_t(size.height)) {
+        field.Resize(size.width, size.height);
+        field.SetSliceCount(kSlices);
+        member.byLibm(size, cells);
+    }
+
+    void Compute(SliceThreads& threads, LaneForm form) {
         ComputeDeltaField(field, *functor, threads, form);
         benchmark::ClobberMemory();
     }
-    SetRate(state, size);
-}
+};
 
-void Libm(benchmark::State& state, const MeasuredMember& member, FieldSize size) {
-    Cells cells(std::size_t(size.width) * std::size_t(size.height));
+void OneThread(benchmark::State& state, const MeasuredMember& member, FieldSize size) {
+    Scene scene(member, size);
+    SliceThreads threads(1);
+    std::map<LaneForm, Rounds> own;
+    Rounds libm;
     for ([[maybe_unused]] auto _ : state) {
-        member.byLibm(size, cells);
-        benchmark::ClobberMemory();
+        libm.Run([&] { member.byLibm(size, scene.cells); });
+        for (const LaneForm form : single::RunnableLaneForms()) {
+            own[form].Run([&] { scene.Compute(threads, form); });
+            RequireSameAnswer(NearlyTheSame(scene.field, scene.cells), member.name);
+        }
     }
-    SetRate(state, size);
+    for (auto& [form, times] : own) {
+        const std::string who = form == single::WidestLaneForm() ? "own" : NameOf(form);
+        state.counters[who + "_us"] = times.Median();
+    }
+    state.counters["libm_us"] = libm.Median();
 }
 
-void Register(const std::string& name, auto function) {
-    benchmark::RegisterBenchmark(name.c_str(), function)->UseRealTime()->Unit(benchmark::kMicrosecond);
+void TwoThreads(benchmark::State& state, const MeasuredMember& member, FieldSize size) {
+    Scene scene(member, size);
+    SliceThreads one(1), two(2);
+    Rounds timesOfOne(Clock::Wall), timesOfTwo(Clock::Wall);
+    for ([[maybe_unused]] auto _ : state) {
+        timesOfTwo.Run([&] { scene.Compute(two, single::WidestLaneForm()); });
+        timesOfOne.Run([&] { scene.Compute(one, single::WidestLaneForm()); });
+    }
+    state.counters["own_us"] = timesOfTwo.Median();
+    state.counters["one thread_us"] = timesOfOne.Median();
+}
+
+using Measurement = void (*)(benchmark::State& state, const MeasuredMember& member, FieldSize size);
+
+void Register(const char* topic, Measurement measure, const MeasuredMember& member, FieldSize size) {
+    const std::string job = std::string(topic) + "/" + member.job + "-" + std::to_string(size.width);
+    benchmark::RegisterBenchmark(job.c_str(), [=](benchmark::State& state) { measure(state, member, size); })
+        ->Unit(benchmark::kMicrosecond)
+        ->Iterations(kRounds);
 }
 
 [[maybe_unused]] const bool kRegistered = [] {
     for (const MeasuredMember& member : kMeasuredMembers) {
         for (const FieldSize size : kSizes) {
-            const std::string job =
-                std::string("DeltaField/") + member.job + "-" + std::to_string(size.width);
-            const auto own = [=](int threads, LaneForm form) {
-                return [=](benchmark::State& state) { Own(state, member, size, threads, form); };
-            };
-            Register(job + "/own", own(1, single::WidestLaneForm()));
-            Register(job + "/libm", [=](benchmark::State& state) { Libm(state, member, size); });
-            Register(job + "/4-lanes", own(1, LaneForm::Four));
-            Register(job + "/one-lane", own(1, LaneForm::One));
-            Register(job + "/2-threads", own(2, single::WidestLaneForm()));
+            Register("DeltaField", OneThread, member, size);
+            Register("DeltaFieldOnTwoThreads", TwoThreads, member, size);
         }
     }
     return true;

@@ -12,7 +12,7 @@ namespace {
 using namespace orvane::benches;
 using namespace orvane::zephor;
 
-constexpr int kRuns = 15;
+constexpr int kRuns = 7;
 constexpr int kStorageKind = 5;
 constexpr FieldSize kSizes[] = { { 1002, 802 }, { 1922, 1082 }, { 3840, 2160 } };
 

@@ -147,10 +147,12 @@ template <>
 }
 
 // All lanes to one power.
-template <class T>
+[[gnu::always_inline]] inline Lanes4 Pow(Lanes4 base, float exponent) {
+    return Pow(base, All<Lanes4>(exponent));
+}
 
-requires(kLaneCount<T> > 1) [[gnu::always_inline]] inline T Pow(T base, float exponent) {
-    return Pow(base, All<T>(exponent));
+[[gnu::always_inline]] inline Lanes8 Pow(Lanes8 base, float exponent) {
+    return Pow(base, All<Lanes8>(exponent));
 }
 
 } // namespace orvane::zephor::single

@@ -49,7 +49,8 @@ TEST(DeltafieldFunctor, FlagsAsOneValueAre256ForPolarAnd0ForCartesianMembers) {
 }
 
 TEST(ComputeDeltaField, WithoutCellsOnlySetsReady) {
-    ZephorLayerNextDeltaField field(5);
+    constexpr int kStorageKind = 5;
+    ZephorLayerNextDeltaField field(kStorageKind);
     field.ready = false;
     const PolarByPoint functor([](float r, float theta) { return std::pair(r, theta); });
     ComputeDeltaField(field, functor);

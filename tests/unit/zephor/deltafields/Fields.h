@@ -13,7 +13,7 @@ namespace orvane::tests {
 class TestField {
 public:
     TestField(int width, int height)
-        : mField(5) {
+        : mField(kStorageKind) {
         mField.Resize(width, height);
     }
 
@@ -35,6 +35,8 @@ public:
     }
 
 private:
+    static constexpr int kStorageKind = 5; // of all layers
+
     zephor::ZephorLayerNextDeltaField mField;
 };
 
