@@ -8,23 +8,20 @@ void DeltaFieldFade::Resized() {
 }
 
 void DeltaFieldFade::StartFrame(ZephorLayerSet& layers) {
-    ZephorLayerNextDeltaField& next = *layers.nextDeltaField;
-    ZephorXYDeltaLayer& shadow = *layers.mCurrentDeltaField;
-    const bool isCutShort = !next.ready && mFramesLeft != 0;
-    const bool isFirstField = next.ready && !mIsFieldInstalled;
+    const bool isReady = layers.nextDeltaField->ready;
+    const bool isCutShort = !isReady && mFramesLeft != 0;
+    const bool isFirstField = isReady && !mIsFieldInstalled;
+    if (isFirstField) mIsFieldInstalled = true;
     if (isCutShort || isFirstField) {
-        if (isFirstField) mIsFieldInstalled = true;
         mFramesLeft = 0;
-        next.StartCopyInto(shadow);
+        layers.CopyIntoShadow();
     }
-    if (mFramesLeft != 0) {
-        --mFramesLeft;
-        if (mFramesLeft == 0)
-            next.StartCopyInto(shadow);
-        else if (mFramesLeft % kFramesPerBlend == 0)
-            next.StartBlendInto(shadow, mFramesLeft / kFramesPerBlend);
-    }
-    next.ContinueShadowMove();
+    if (mFramesLeft == 0) return;
+    --mFramesLeft;
+    if (mFramesLeft == 0)
+        layers.CopyIntoShadow();
+    else if (mFramesLeft % kFramesPerBlend == 0)
+        layers.BlendIntoShadow(mFramesLeft / kFramesPerBlend);
 }
 
 } // namespace orvane::zephor

@@ -12,6 +12,11 @@ enum class FeedbackForm {
     Avx2
 };
 
+// Whether the form has byte shuffles, and so SSE4.1.
+[[nodiscard]] constexpr bool MayShuffle(FeedbackForm form) {
+    return form == FeedbackForm::Sse41 || form == FeedbackForm::Avx2;
+}
+
 [[nodiscard]] const char* NameOf(FeedbackForm form);
 
 // Those that this processor can run, the slowest first.

@@ -27,16 +27,16 @@ void SrcRenderBitMapProcessingFunctor::Process(void* pixels, int width, int heig
 
 DstRenderBitMapProcessingFunctor::DstRenderBitMapProcessingFunctor(FeedbackEngine& engine,
                                                                    const FieldInForce& field,
-                                                                   ZephorIndexLayer& sourceLayer)
+                                                                   render::IRenderer2D* sourceSurface)
     : mEngine(engine)
     , mField(field)
-    , mSourceLayer(sourceLayer) {}
+    , mSourceSurface(sourceSurface) {}
 
 void DstRenderBitMapProcessingFunctor::Process(void* pixels, int width, int height, int rowBytes,
                                                std::size_t) {
-    if (!mSourceLayer.Surface()) return;
+    if (!mSourceSurface) return;
     SrcRenderBitMapProcessingFunctor source(mEngine, mField, pixels, width, height, rowBytes);
-    mSourceLayer.Surface()->ReadPixels(source);
+    mSourceSurface->ReadPixels(source);
 }
 
 } // namespace orvane::zephor

@@ -2,9 +2,8 @@
 // the source's.
 #pragma once
 
-#include "render/BitmapProcessingFunctor.h"
+#include "render/IRenderer2D.h"
 #include "zephor/layers/FeedbackEngine.h"
-#include "zephor/layers/ZephorIndexLayer.h"
 
 namespace orvane::zephor {
 
@@ -32,19 +31,19 @@ private:
     int mTargetWidth, mTargetHeight, mTargetRowBytes;
 };
 
-// Receives the target's bytes, and hands the source's surface the other one.
+// Receives the target's bytes, and hands the source's surface, which may be null, the other one.
 class DstRenderBitMapProcessingFunctor final : public render::BaseBitmapProcessingFunctor {
 public:
     DstRenderBitMapProcessingFunctor(FeedbackEngine& engine, const FieldInForce& field,
-                                     ZephorIndexLayer& sourceLayer);
+                                     render::IRenderer2D* sourceSurface);
 
-    // Does nothing if the source has no surface.
+    // Does nothing without a source.
     void Process(void* pixels, int width, int height, int rowBytes, std::size_t byteCount) override;
 
 private:
     FeedbackEngine& mEngine;
     const FieldInForce& mField;
-    ZephorIndexLayer& mSourceLayer;
+    render::IRenderer2D* mSourceSurface;
 };
 
 } // namespace orvane::zephor

@@ -4,7 +4,6 @@ namespace orvane::zephor {
 
 namespace {
 
-constexpr int kAddressBits = 0x07FFFFFF;
 constexpr float kFirstBeyondInt = 2147483648.0f;
 
 // To the nearest integer, ties to even, of a value from 0 up to what an int holds.

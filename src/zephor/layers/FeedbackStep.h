@@ -35,6 +35,7 @@ struct FeedbackField {
 };
 
 constexpr int kBrightestFedBack = 239;
+constexpr int kAddressBits = 0x07FFFFFF;
 
 // What an average of `index` becomes.
 [[nodiscard]] constexpr std::uint8_t Decayed(int index) {
@@ -51,9 +52,14 @@ constexpr int kBrightestFedBack = 239;
 [[nodiscard]] int PairedAddress(float coordinate, int last);
 [[nodiscard]] int UnpairedAddress(float coordinate, int last);
 
+// How many columns of a row have partners.
+[[nodiscard]] constexpr int PairedColumns(int width) {
+    return width & ~1;
+}
+
 // The address of column x in an image of such a width.
 [[nodiscard]] inline int FeedbackAddress(float coordinate, int last, int x, int width) {
-    const bool hasPartner = x < (width & ~1);
+    const bool hasPartner = x < PairedColumns(width);
     return hasPartner ? PairedAddress(coordinate, last) : UnpairedAddress(coordinate, last);
 }
 

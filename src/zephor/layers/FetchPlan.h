@@ -8,6 +8,7 @@
 
 #include "zephor/layers/FeedbackForm.h"
 #include "zephor/layers/FeedbackStep.h"
+#include "zephor/layers/WindowCover.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -15,14 +16,14 @@
 
 namespace orvane::zephor {
 
-constexpr int kBlockPixels = 16; // and the bytes of a window
+constexpr int kSecondWindowBit = 7; // of a TwoWindowBlock's control
 
 // What a block is made of. A block of the first three kinds holds the places of its windows, then a byte for
 // each pixel: the place within its window, and which window it is.
 enum class BlockKind : std::uint32_t {
-    TwoWindows,   // window 0 or 1 in bit 7
-    FourWindows,  // window 0 to 3 from bit 4 up
-    EightWindows, // window 0 to 7 from bit 4 up
+    TwoWindows,   // window 0 or 1 in bit kSecondWindowBit
+    FourWindows,  // window 0 to 3 from bit kWindowShift up
+    EightWindows, // window 0 to 7 from bit kWindowShift up
     Addresses     // the sixteen addresses
 };
 

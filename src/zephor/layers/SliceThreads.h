@@ -15,6 +15,8 @@ namespace orvane::zephor {
 
 class SliceThreads {
 public:
+    static constexpr int kMostShared = 0xFFFF; // slices of a job; larger ones are done by the caller alone
+
     // `threads` counts the calling thread, so 1 (or less) starts none, and nothing is locked then. If the
     // system gives fewer threads, the work is shared by those that there are.
     explicit SliceThreads(int threads);
@@ -26,7 +28,7 @@ public:
     // `work` throws nothing. One caller at a time, always the same thread or otherwise ordered.
     template <class Work>
     void Run(int count, const Work& work) {
-        if (mThreads.empty()) {
+        if (mThreads.empty() || count > kMostShared) {
             for (int i = 0; i < count; ++i) work(i);
             return;
         }
@@ -38,13 +40,16 @@ private:
     using Function = void (*)(const void* context, int slice);
 
     void RunShared(int count, Function function, const void* context);
-    bool TakeSlice();
+    // The caller takes slices from one end and the others from the other one. So of two threads each works on a
+    // half that hangs together, and on much the same half in each job, whose memory is then close to it.
+    enum class Side { First, Last };
+
+    bool TakeSlice(Side side);
     void Serve();
     [[nodiscard]] bool WaitForJob(std::uint32_t lastJob);
 
-    // The job's number in the upper half, how many of its slices nobody has taken in the lower one. A thread that
-    // was held up takes a slice only if both are still as it saw them; so it never takes one of a later job,
-    // and none once all are taken.
+    // The job's number and which of its slices nobody has taken. A thread that was held up takes a slice only if
+    // both are still as it saw them; so it never takes one of a later job, and none once all are taken.
     std::atomic<std::uint64_t> mLeft{ 0 };
     std::atomic<int> mDone{ 0 };
     // Written only while no slice is left.

@@ -2,6 +2,7 @@
 
 #include "render/canvas/CoverageCanvas.h"
 
+#include <algorithm>
 #include <bit>
 
 namespace orvane::zephor {
@@ -9,7 +10,7 @@ namespace orvane::zephor {
 namespace {
 
 constexpr double kOpaque = 1.0;
-constexpr unsigned kLeastRowBytes = 64;
+constexpr int kLeastRowBytes = 64;
 
 } // namespace
 
@@ -68,7 +69,7 @@ bool ZephorIndexLayer::AllocateSurface() {
 
 int ZephorIndexLayer::ComputeRowBytes(int width) {
     const bool isPlain = mStorageKind == kPlainRows;
-    mRowBytes = isPlain ? width : int(std::bit_ceil(std::max(unsigned(width), kLeastRowBytes)));
+    mRowBytes = isPlain ? width : int(std::bit_ceil(unsigned(std::max(width, kLeastRowBytes))));
     return mRowBytes;
 }
 

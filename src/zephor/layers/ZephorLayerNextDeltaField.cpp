@@ -4,6 +4,14 @@
 
 namespace orvane::zephor {
 
+namespace {
+
+float PartOf(int steps) {
+    return 1.0f / float(steps);
+}
+
+} // namespace
+
 ZephorLayerNextDeltaField::ZephorLayerNextDeltaField(int storageKind)
     : ZephorXYDeltaLayer(storageKind)
     , mSliceCount(SliceCountForCores(platform::ProcessorCores())) {}
@@ -14,31 +22,25 @@ bool ZephorLayerNextDeltaField::Resize(int width, int height) {
 }
 
 void ZephorLayerNextDeltaField::BlendInto(ZephorXYDeltaLayer& layer, int steps) {
-    FinishShadowMove();
+    SettleShadow();
     for (int i = 0; i < mSliceCount; ++i)
-        BlendRows(Field(), layer, RowsOfSlice(mHeight, mSliceCount, i), 1.0f / float(steps));
+        BlendRows(Field(), layer, RowsOfSlice(mHeight, mSliceCount, i), PartOf(steps));
 }
 
-void ZephorLayerNextDeltaField::StartBlendInto(ZephorXYDeltaLayer& layer, int steps) {
-    FinishShadowMove();
-    mMove.StartBlend(layer, mHeight, 1.0f / float(steps));
+void ZephorLayerNextDeltaField::OweBlend(ZephorXYDeltaLayer& layer, int steps) {
+    mDebt.OweBlend(Field(), layer, PartOf(steps));
 }
 
-void ZephorLayerNextDeltaField::StartCopyInto(ZephorXYDeltaLayer& layer) {
-    FinishShadowMove();
-    mMove.StartCopy(layer, mHeight);
+void ZephorLayerNextDeltaField::OweCopy(ZephorXYDeltaLayer& layer) {
+    mDebt.OweCopy(Field(), layer);
 }
 
-void ZephorLayerNextDeltaField::ContinueShadowMove() {
-    mMove.Continue(Field());
-}
-
-void ZephorLayerNextDeltaField::FinishShadowMove() {
-    mMove.Finish(Field());
+void ZephorLayerNextDeltaField::SettleShadow() {
+    mDebt.Settle(Field());
 }
 
 void ZephorLayerNextDeltaField::WillWrite() {
-    FinishShadowMove();
+    SettleShadow();
     ++mVersion;
 }
 

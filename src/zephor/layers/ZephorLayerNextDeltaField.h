@@ -1,7 +1,7 @@
 // The field that functors fill and the feedback step reads.
 #pragma once
 
-#include "zephor/layers/ShadowMove.h"
+#include "zephor/layers/ShadowDebt.h"
 #include "zephor/layers/ZephorXYDeltaLayer.h"
 
 #include <cstdint>
@@ -12,21 +12,20 @@ class ZephorLayerNextDeltaField final : public ZephorXYDeltaLayer {
 public:
     explicit ZephorLayerNextDeltaField(int storageKind);
 
-    // The same operation as the base's; what the shadow field still has to take of the old cells is taken first.
+    // The same operation as the base's, after what the shadow field is owed of the old cells.
     bool Resize(int width, int height) override;
 
     // Moves every cell of `layer` towards this field's by one part in `steps`, in slice order. As many cells as
     // both have.
     virtual void BlendInto(ZephorXYDeltaLayer& layer, int steps);
 
-    // The same, and a plain copy, at the pace of ContinueShadowMove. Whoever reads `layer` meanwhile calls
-    // FinishShadowMove first.
-    void StartBlendInto(ZephorXYDeltaLayer& layer, int steps);
-    void StartCopyInto(ZephorXYDeltaLayer& layer);
-    void ContinueShadowMove();
-    void FinishShadowMove();
+    // The same, and a plain copy, to be done when they are needed (see ShadowDebt.h). Whoever reads `layer` calls
+    // SettleShadow first. One layer at a time is owed anything.
+    void OweBlend(ZephorXYDeltaLayer& layer, int steps);
+    void OweCopy(ZephorXYDeltaLayer& layer);
+    void SettleShadow();
 
-    // To be called before cells are written with RowToWrite.
+    // To be called before cells are written with RowToWrite, once for all of them.
     void WillWrite();
 
     // Grows whenever cells may have changed.
@@ -42,7 +41,7 @@ public:
 private:
     int mSliceCount; // at least 2, a power of two
     std::uint64_t mVersion = 1;
-    ShadowMove mMove;
+    ShadowDebt mDebt;
 };
 
 } // namespace orvane::zephor

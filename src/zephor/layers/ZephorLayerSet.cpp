@@ -37,12 +37,20 @@ void ZephorLayerSet::StepFeedback() {
     const FieldInForce field{ nextDeltaField->SliceCount(), nextDeltaField->Field(),
                               nextDeltaField->Version() };
     if (!targetLayer->Surface() || !field.field.cells) return;
-    DstRenderBitMapProcessingFunctor functor(engine, field, *sourceLayer);
+    DstRenderBitMapProcessingFunctor functor(engine, field, sourceLayer->Surface());
     targetLayer->Surface()->ReadPixels(functor);
 }
 
+void ZephorLayerSet::BlendIntoShadow(int steps) {
+    nextDeltaField->OweBlend(*mCurrentDeltaField, steps);
+}
+
+void ZephorLayerSet::CopyIntoShadow() {
+    nextDeltaField->OweCopy(*mCurrentDeltaField);
+}
+
 ZephorLayer24BitAddressX4y4FracDelta& ZephorLayerSet::CurrentDeltaField() {
-    nextDeltaField->FinishShadowMove();
+    nextDeltaField->SettleShadow();
     return *mCurrentDeltaField;
 }
 

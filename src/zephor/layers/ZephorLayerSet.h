@@ -25,6 +25,11 @@ public:
     // pixels stay as they are.
     void StepFeedback();
 
+    // The moves of a fade: the shadow field goes towards the next field by one part in `steps`, or becomes a copy of
+    // it. They cost nothing until somebody looks (see ShadowDebt.h).
+    void BlendIntoShadow(int steps);
+    void CopyIntoShadow();
+
     // The shadow field, up to date.
     [[nodiscard]] ZephorLayer24BitAddressX4y4FracDelta& CurrentDeltaField();
 
@@ -37,9 +42,6 @@ private:
 public:
     std::unique_ptr<ZephorLayerNextDeltaField> nextDeltaField;
     FeedbackEngine engine;
-
-private:
-    friend class DeltaFieldFade;
 };
 
 } // namespace orvane::zephor
