@@ -8,6 +8,7 @@
 #include "zephor/layers/ZephorLayerSet.h"
 #include "zephor/waveforms/DrawWaveforms.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>

@@ -14,7 +14,7 @@ constexpr float kGrowth = 4; // an overlay starts at 1 + this times its size
 
 // KEEP: the waveform starts with the time of the slot's last frame, 0 in the first, because the frame's time is
 // written behind the call. Effects that keep their start so reckon from there.
-// Pinned by Overlays.AWaveformStartsWithTheTimeOfTheSlotsLastFrame.
+// Pinned by OverlayDrawing.AWaveformStartsWithTheTimeOfTheSlotsLastFrame.
 void StartIfNew(ZephorOverlaySlot& slot, AsyncWaveFormFunctor& waveform, double time) {
     if (slot.started) return;
     slot.started = true;
@@ -46,7 +46,7 @@ void Approach(WaveFormPoint& point, const ZephorOverlaySlot& slot) {
 
 // KEEP: there is no centring term, and the two sides have factors of their own, so an overlay lies around the
 // upper left corner, wide and flat, and three quarters of it are off the image.
-// Pinned by Overlays.PixelsAreCountedFromTheUpperLeftCorner.
+// Pinned by OverlayDrawing.PixelsAreCountedFromTheUpperLeftCorner.
 PenPoint ToPixels(const WaveFormPoint& point, const ZephorOverlaySlot& slot, const WaveformFrame& frame) {
     const std::int32_t capped = std::min<std::int32_t>(point.colorIndex, slot.colorCap);
     return { .x = double(point.x) * (frame.width / 2) * 1.5,
@@ -56,7 +56,7 @@ PenPoint ToPixels(const WaveFormPoint& point, const ZephorOverlaySlot& slot, con
 }
 
 // KEEP: the factors that keep a square a square are for effects that fill the frame, the reverse of what the main
-// waveform does. Pinned by Overlays.TheAspectAppliesToFullFrameEffectsOnly.
+// waveform does. Pinned by OverlayDrawing.TheAspectAppliesToFullFrameEffectsOnly.
 Aspect AspectFor(const AsyncWaveFormFunctor& waveform, const WaveformFrame& frame) {
     return waveform.fullFrame ? AspectOf(frame.width, frame.height) : Aspect{ 1, 1 };
 }

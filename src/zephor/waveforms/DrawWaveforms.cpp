@@ -14,7 +14,7 @@ namespace orvane::zephor {
 namespace {
 
 constexpr float kFadePerFrame = 0.0078125f; // 1 / WaveformStage::kFadeFrames
-constexpr float kLastFadeOfOldStyle = 0.5f; // beyond it the old waveform's style holds
+constexpr float kLastFadeOfNewStyle = 0.5f; // beyond it the old waveform's style holds
 
 void RenewContext(WaveFormContext& context, double time) {
     const WaveFormContext fresh;
@@ -26,7 +26,7 @@ void RenewContext(WaveFormContext& context, double time) {
 
 // KEEP: no line is ever parked, because the value that decides it never changes (see DefaultGeneratorValue);
 // the positions are drawn all the same, 30 numbers of rand(), on which what is drawn next depends.
-// Pinned by DrawWaveforms.NoLineIsParkedWhenAFadeBeginsButEachGetsAPlaceAboveTheScreen.
+// Pinned by Stage.NoLineIsParkedWhenAFadeBeginsButEachGetsAPlaceAboveTheScreen.
 void ParkLines(WaveformStage& stage) {
     constexpr std::uint32_t kDeciderBits = 3;
     const std::uint32_t decider = DefaultGeneratorValue();
@@ -99,7 +99,7 @@ private:
 };
 
 // KEEP: even lines show channel 1 and odd ones channel 0, where one might expect the opposite. Effects are drawn
-// for it. Pinned by DrawWaveforms.EvenLinesTakeChannel1AndOddOnesChannel0.
+// for it. Pinned by WaveformLines.EvenLinesTakeChannel1AndOddOnesChannel0.
 void TakeSample(WaveformStage& stage, const ZephorAudioState& audio, int line, int sample) {
     const int channel = line % 2 == 0 ? 1 : 0;
     WaveFormContext& current = stage.currentContext;
@@ -131,9 +131,9 @@ void DrawLines(WaveformStage& stage, const WaveformFrame& frame) {
     StageTrace trace(stage, waveform, stage.currentContext, aspect);
     // KEEP: the old waveform's points are made in every frame, at rest too, where they weigh nothing: effects draw
     // from rand() as they make points, so leaving it out would change what others draw.
-    // Pinned by DrawWaveforms.AtRestTheOldWaveformIsStillMappedAndWeighsNothing.
+    // Pinned by WaveformFade.AtRestTheOldWaveformIsStillMappedAndWeighsNothing.
     StageTrace previousTrace(stage, previous ? *previous : waveform, before, aspect);
-    WaveformPen pen(frame, previous && fade > kLastFadeOfOldStyle ? *previous : waveform);
+    WaveformPen pen(frame, previous && fade > kLastFadeOfNewStyle ? *previous : waveform);
     for (int line = 0; line < lines; ++line) {
         pen.BeginLine();
         ForSamples(step, [&](int sample, float t) {
