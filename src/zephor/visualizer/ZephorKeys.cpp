@@ -6,16 +6,6 @@ namespace orvane::zephor {
 
 using visualizer::IVisualizerCommandReceiver;
 
-namespace {
-
-// Requests are stepped for as long as a key is held down, all evening if need be: they go round at the ends of
-// 32 bits.
-std::int32_t Stepped(std::int32_t request, std::int32_t step) {
-    return std::int32_t(std::uint32_t(request) + std::uint32_t(step));
-}
-
-} // namespace
-
 // One row a key. `act` may be run in any state of the visualizer.
 struct ZephorVisualizer::Key {
     char16_t character; // upper case
@@ -43,6 +33,7 @@ constinit const ZephorVisualizer::Key ZephorVisualizer::kKeys[] = {
     { u'R', [](auto& self, auto&) { self.DrawAllAnew(); } },
     { u'T', [](auto& self, auto&) { self.mThemeFlag = !self.mThemeFlag; } },
 };
+
 // clang-format on
 
 bool ZephorVisualizer::HandleKeyInput(std::uint32_t count, const char16_t* characters, std::uint32_t,
@@ -70,19 +61,20 @@ void ZephorVisualizer::NextHelp(IVisualizerCommandReceiver& receiver) {
 }
 
 void ZephorVisualizer::StepDelta(std::int32_t step) {
-    mDeltaRequest = Stepped(mDeltaRequest, step);
+    mDeltaRequest = WrappingSum(mDeltaRequest, step);
     mDeltaChangeTime = 0;
     SelectDeltaField(platform::NowSeconds(), kSelect_Delta | kSelect_Force);
 }
 
 void ZephorVisualizer::StepWaveform(std::int32_t step) {
-    mWaveformRequest = Stepped(mWaveformRequest, step);
+    mWaveformRequest = WrappingSum(mWaveformRequest, step);
     mWaveformChangeTime = 0;
-    if (mDeltaFade.IsFieldInstalled()) SelectWaveform(platform::NowSeconds(), kSelect_Waveform | kSelect_Force);
+    if (mDeltaFade.IsFieldInstalled())
+        SelectWaveform(platform::NowSeconds(), kSelect_Waveform | kSelect_Force);
 }
 
 void ZephorVisualizer::StepColour(std::int32_t step) {
-    mClut.request = Stepped(mClut.request, step);
+    mClut.request = WrappingSum(mClut.request, step);
     // KEEP: the key that steps back never gets below the first preset, so it always asks for that one. Pinned by
     // ZephorKeys.ZAlwaysAsksForTheFirstPreset.
     if (step < 0 && mClut.request < kFirstPreset) mClut.request = kFirstPreset;
@@ -91,8 +83,7 @@ void ZephorVisualizer::StepColour(std::int32_t step) {
 }
 
 void ZephorVisualizer::NextChangeMode() {
-    constexpr std::int32_t kModes = 3;
-    mChangeMode = ChangeMode((std::int32_t(mChangeMode) + 1) % kModes);
+    mChangeMode = (mChangeMode + 1) % kChangeModes;
     mDeltaRequest = mWaveformRequest = 0;
     mClut.request = kFirstPreset;
 }

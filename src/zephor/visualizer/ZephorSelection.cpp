@@ -1,15 +1,19 @@
 // When each of the three ingredients of the classic visualizer changes, and to what.
-#include "zephor/colours/WCLUTManager.h"
 #include "zephor/deltafields/ComputeDeltaField.h"
 #include "zephor/effects/deltafields/DeltaLists.h"
 #include "zephor/effects/waveforms/WaveformLists.h"
 #include "zephor/layers/DefaultGenerator.h"
-#include "zephor/registry/Registry.h"
+#include "zephor/registry/DeltaChoice.h"
+#include "zephor/registry/WaveformChoice.h"
 #include "zephor/visualizer/ZephorVisualizer.h"
 
 namespace orvane::zephor {
 
 namespace {
+
+DeltaSequence<DeltafieldFunctor> DeltaLists() {
+    return DeltaSequence<DeltafieldFunctor>({ DeltaList1(), DeltaList2(), DeltaList3(), DeltaList4() });
+}
 
 constexpr bool Has(std::uint32_t flags, SelectionFlag flag) {
     return (flags & flag) != 0;
@@ -32,7 +36,7 @@ void ZephorVisualizer::SelectAll(double now, std::uint32_t flags) {
 // ---- The delta field.
 
 void ZephorVisualizer::SelectDeltaField(double now, std::uint32_t flags) {
-    const bool held = mChangeMode == ChangeMode::kHeld;
+    const bool held = mChangeMode == kChangeMode_Held;
     const bool awake = !held || mDeltaRequest != 0 || Has(flags, kSelect_Force);
     bool chosen = false;
     if (awake && ActsAtOnce(flags, mDeltaRequest)) {
@@ -43,7 +47,7 @@ void ZephorVisualizer::SelectDeltaField(double now, std::uint32_t flags) {
         // KEEP: a large negative number, neither 0 nor a preset. So the keys that step the request count on from
         // there, and a forced selection acts on it. Pinned by
         // ZephorSelection.ATimedChangeOfTheDeltaFieldLeavesALargeNegativeRequest.
-        mDeltaRequest = std::int32_t(DefaultGeneratorValue() + std::uint32_t(kFirstPreset));
+        mDeltaRequest = WrappingSum(std::int32_t(DefaultGeneratorValue()), kFirstPreset);
         chosen = true;
     }
     if (chosen && ComputeFieldIfReady()) {
@@ -54,7 +58,7 @@ void ZephorVisualizer::SelectDeltaField(double now, std::uint32_t flags) {
 }
 
 void ZephorVisualizer::ChooseDelta() {
-    ChooseDeltaFunctor(mDeltaFunctor, mDeltaIndex, mDeltaRequest, DeltaLists());
+    mDeltaIndex = ChooseDeltaFunctor(DeltaLists(), mDeltaFunctor, mDeltaIndex, mDeltaRequest);
 }
 
 // On the calling thread, and whole: on return the new field is in force. True if it was computed.
@@ -62,40 +66,36 @@ bool ZephorVisualizer::ComputeFieldIfReady() {
     ZephorLayerNextDeltaField& field = *mLayers->nextDeltaField;
     if (!field.ready || !mDeltaFunctor) return false;
     field.ready = false;
-    ComputeDeltaField(field, *mDeltaFunctor, mLayers->threads);
+    ComputeDeltaField(field, *mDeltaFunctor, mLayers->engine.Threads());
     return true;
 }
 
 // ---- The waveform.
 
 void ZephorVisualizer::SelectWaveform(double now, std::uint32_t flags) {
-    const bool held = mChangeMode == ChangeMode::kHeld;
+    const bool held = mChangeMode == kChangeMode_Held;
     if (held && mWaveformRequest == 0 && !Has(flags, kSelect_Force)) return;
     if (!ActsAtOnce(flags, mWaveformRequest) &&
         (held || !(now > mWaveformChangeTime) || mStage.fadeFrames != 0))
         return;
     if (mHold) {
-        PutOnStage(0, WaveformList1().front());
+        mStage.PutOn(0, WaveformList1().front());
         return;
     }
-    const auto index = WaveformIndexFor(mWaveformRequest, mStage.waveformIndex, mStage.previousWaveformIndex,
-                                        WaveformLists());
-    if (!index) return;
-    AsyncWaveFormFunctor* waveform = ResolveWaveform(WaveformLists(), *index);
+    std::int32_t index = kNoIndex;
+    if (mWaveformRequest < kFirstPreset) {
+        index = ChooseWaveformIndex(WaveformLists().ListLengths(), mStage.waveformIndex, mWaveformRequest);
+        if (index < 0) return; // with the request as it is
+    } else if (const PresetRow* row = FindPreset(mWaveformRequest)) {
+        index = row->waveform;
+    }
     mWaveformRequest = 0;
-    if (waveform) PutOnStage(*index, waveform);
-}
-
-void ZephorVisualizer::PutOnStage(std::int32_t index, AsyncWaveFormFunctor* waveform) {
-    mStage.previousWaveform = mStage.waveform;
-    mStage.previousWaveformIndex = mStage.waveformIndex;
-    mStage.fadeFrames = WaveformStage::kFadeFrames;
-    mStage.waveform = waveform;
-    mStage.waveformIndex = index;
+    if (AsyncWaveFormFunctor* waveform = ResolveWaveform(WaveformLists(), index))
+        mStage.PutOn(index, waveform);
 }
 
 void ZephorVisualizer::SelectColorMap(double now, std::uint32_t flags) {
-    mClut.SelectColorMap(now, flags, mChangeMode != ChangeMode::kHeld);
+    mClut.SelectColorMap(now, flags, mChangeMode);
 }
 
 // ---- Presets.
@@ -104,8 +104,8 @@ void ZephorVisualizer::SelectColorMap(double now, std::uint32_t flags) {
 // a frame looks. The path stands ready for a field that is built beside the frames.
 // Pinned by ZephorFrame.ThePresetPathDoesNotRunBecauseTheFieldIsReadyInEveryFrame.
 bool ZephorVisualizer::PresetIsDue() const {
-    const bool mismatch = (mStage.waveformIndex != 0) == mHold;
-    return mChangeMode == ChangeMode::kPresets && (mismatch || mNow > mDeltaChangeTime) &&
+    const bool mismatch = (mStage.waveformIndex != 0) == mHold; // of the waveform and the hold flag
+    return mChangeMode == kChangeMode_Presets && (mismatch || mNow > mDeltaChangeTime) &&
            !mLayers->nextDeltaField->ready;
 }
 

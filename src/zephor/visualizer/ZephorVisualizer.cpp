@@ -3,27 +3,30 @@
 #include "platform/Clock.h"
 #include "platform/Cores.h"
 #include "zephor/effects/waveforms/WaveformLists.h"
+#include "zephor/layers/TextureFunctors.h"
 #include "zephor/visualizer/Logo.h"
-#include "zephor/visualizer/TextureFunctors.h"
 #include "zephor/visualizer/ZephorWinVizDelegate.h"
+#include "zephor/waveforms/DrawWaveforms.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <string_view>
 
 namespace orvane::zephor {
 
 namespace {
 
-using visualizer::Panel;
-
 constexpr double kWholeTexture[4] = { 0, 0, 1, 1 };
 constexpr double kWholeView[4] = { 0, 0, 1, 1 };
+constexpr auto kImagePipeline = render::kPosition_TextureCoord_CLUT_TexelFetch_BlendingOFF;
+constexpr std::uint32_t kColourAsSet = 2; // any value that is no ColorMode
 constexpr float kWhite[4] = { 1, 1, 1, 1 };
 
 // The image reaches past the view by this many pixels each way: a field may name the last column and row as the
 // source of the ones before.
 constexpr double kImageMargin = 2;
 
-constexpr float kAudioEcho = 0.95f; // what is left of the sound for a frame without a new one
+constexpr float kAudioEcho = 0.95f;              // what is left of the sound for a frame without a new one
 constexpr double kLogoShare = 0.699999988079071; // of its own size
 
 // The threads that share a feedback step. More than these wait for memory, not for each other.
@@ -52,7 +55,7 @@ ZephorVisualizer::ZephorVisualizer(double startTime)
 ZephorVisualizer::~ZephorVisualizer() = default;
 
 bool ZephorVisualizer::Start(platform::NativeWindow window, const records::LocalizedStrings& strings) {
-    constexpr std::uint32_t kTableEntries = 256, kTableUnit = 1, kQuadVertices = 4, kReserved = 1;
+    constexpr std::uint32_t kTableEntries = kColourEntries, kTableUnit = 1, kQuadVertices = 4, kReserved = 1;
     constexpr std::size_t kPrimaryHelp[] = { 0, 1, 2, 3, 4 }, kAlternativeHelp[] = { 0, 5, 6, 7 };
     if (!TakeClientSize(window)) return false;
     const double frame[4] = { 0, 0, mViewSize[0], mViewSize[1] };
@@ -63,10 +66,12 @@ bool ZephorVisualizer::Start(platform::NativeWindow window, const records::Local
     mStage.waveform = WaveformList1().front();
 
     mClut.Init();
-    mClut.clutBuffer.reset(mRenderer->CreateBufferTexture(kTableEntries, "ZephorVisualizer clut buffer", kTableUnit));
-    const auto kind = mClut.clutBuffer ? render::kPos_TexCoord_ColorTable : render::kPos_TexCoord_SrcAlpha;
-    mImageQuadId = mRenderer->CreateVertexBuffer("Main Zephor buffer", render::kPrimitive_TriangleStrip,
-                                                 mRenderer->GetPipeline(kind), kQuadVertices, kReserved, nullptr);
+    mClut.clutBuffer.reset(
+        mRenderer->CreateBufferTexture(kTableEntries, "ZephorVisualizer clut buffer", kTableUnit));
+    const auto kind = mClut.clutBuffer ? kImagePipeline : render::kPos_TexCoord_SrcAlpha_DstAlphaOne;
+    mImageQuadId =
+        mRenderer->CreateVertexBuffer("Main Zephor buffer", render::kPrimitive_TriangleStrip,
+                                      mRenderer->GetPipeline(kind), kQuadVertices, kReserved, nullptr);
     SelectAll(mNow, kSelect_AllForced);
 
     TakeEntries(strings, kPrimaryHelp, mHelpStrings);
@@ -93,7 +98,7 @@ void ZephorVisualizer::Draw(std::uint32_t flag) {
     else
         SelectAll(mNow, kSelect_AllTimed);
     if (mDeltaFade.IsFieldInstalled()) StepImage();
-    UploadImage();
+    if (mClut.clutBuffer) UploadIndexImage(*mLayers->targetLayer, *mRenderer, mIndexTexture);
     DrawImage();
     ShowLogo();
     DrawConfig();
@@ -105,42 +110,30 @@ void ZephorVisualizer::Draw(std::uint32_t flag) {
 
 void ZephorVisualizer::StepImage() {
     if (mStage.fadeFrames != 0 && --mStage.fadeFrames == 0) mWaveformChangeTime = mNow + mWaveformPeriod;
-    if (!mRenderer->GetPipeline(render::kPos_TexCoord_ColorTable)) return;
+    if (!mRenderer->GetPipeline(kImagePipeline)) return;
     mClut.StepFade(mNow);
     mLayers->StepFeedback();
     DrawSound();
 }
 
 void ZephorVisualizer::DrawSound() {
-    DrawWaveforms(mStage, *mLayers->targetLayer, mConditioned, mNow, mDrawRect, mClut.table);
-    const auto fade = [](auto& channels) {
+    const WaveformFrame frame = { *mLayers->targetLayer, mConditioned, mNow,
+                                  mDrawRect[2],          mDrawRect[3], mClut.table };
+    DrawWaveforms(mStage, frame);
+    const auto leaveEcho = [](auto& channels) {
         for (auto& channel : channels)
             for (float& value : channel) value *= kAudioEcho;
     };
-    fade(mConditioned.spectrum);
-    fade(mConditioned.waveform);
-    UpdateOverlays(mOverlays, *mLayers->targetLayer, mConditioned, mNow, mChangeMode != ChangeMode::kHeld, mHold,
-                   mDrawRect, mClut.table);
-}
-
-void ZephorVisualizer::UploadImage() {
-    render::IRenderer2D* surface = mLayers->targetLayer->Surface();
-    if (!mClut.clutBuffer || !surface) return;
-    if (mIndexTexture) {
-        UpdateTextureFunctor update(*mIndexTexture);
-        surface->ReadPixels(update);
-    } else {
-        CreateTextureFunctor create(*mRenderer);
-        surface->ReadPixels(create);
-        mIndexTexture = create.Take();
-    }
+    leaveEcho(mConditioned.spectrum);
+    leaveEcho(mConditioned.waveform);
+    UpdateOverlays(mOverlays, frame, { mChangeMode == kChangeMode_Held, mHold }, WaveformLists());
 }
 
 // The graphics processor looks each byte up in the table: colour costs no pass over the image.
 void ZephorVisualizer::DrawImage() {
     if (mClut.clutBuffer) mClut.clutBuffer->Bind();
     mRenderer->DrawTexturedQuad(mIndexTexture.get(), int(mImageQuadId), kWholeView, kWholeTexture, 1.0f,
-                                render::kColorMode_ColorTable);
+                                kColourAsSet);
     if (mClut.clutBuffer) mClut.clutBuffer->Unbind();
 }
 
@@ -200,8 +193,8 @@ bool ZephorVisualizer::DrawLogo(double alpha) {
     const double destination[4] = { (1 - width) * 0.5, (1 - height) * 0.5, width, height };
     mRenderer->PushIdentityProjection();
     mRenderer->PushIdentityModelView();
-    mRenderer->DrawTexturedQuad(mLogoTexture.get(), int(mQuadBufferId), destination, kWholeTexture, float(alpha),
-                                render::kColorMode_White);
+    mRenderer->DrawTexturedQuad(mLogoTexture.get(), int(mQuadBufferId), destination, kWholeTexture,
+                                float(alpha), render::kColorMode_White);
     mRenderer->PopModelView();
     mRenderer->PopProjection();
     return true;
@@ -211,8 +204,8 @@ void ZephorVisualizer::DrawConfig() {
     if (!mConfigPanel) return;
     mRenderer->SetColor(kWhite, 1.0f);
     visualizer::DrawConfigPanel(*mConfigPanel, *this, *mRenderer, int(mQuadBufferId),
-                                mStage.waveform ? mStage.waveform->Name() : "",
-                                mDeltaFunctor ? mDeltaFunctor->Name() : "", mClut.MapName());
+                                mStage.waveform ? mStage.waveform->name : std::string_view(),
+                                mDeltaFunctor ? mDeltaFunctor->name : std::string_view(), mClut.MapName());
 }
 
 // ---- What a host may ask for.

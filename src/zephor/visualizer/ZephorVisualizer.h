@@ -15,12 +15,13 @@
 #include "platform/NativeWindow.h"
 #include "records/LocalizedString.h"
 #include "visualizer/PlatformVisualizer.h"
+#include "zephor/colourmaps/AllColourMaps.h"
 #include "zephor/colours/WCLUTManager.h"
 #include "zephor/deltafields/DeltafieldFunctor.h"
 #include "zephor/layers/ConditionAudio.h"
 #include "zephor/layers/DeltaFieldFade.h"
 #include "zephor/layers/ZephorLayerSet.h"
-#include "zephor/visualizer/SelectionFlags.h"
+#include "zephor/registry/Selection.h"
 #include "zephor/waveforms/Overlays.h"
 #include "zephor/waveforms/WaveformStage.h"
 
@@ -29,13 +30,6 @@
 #include <memory>
 
 namespace orvane::zephor {
-
-// What decides about changes.
-enum class ChangeMode : std::int32_t {
-    kHeld = 0,    // nothing changes until a key asks
-    kRandom = 1,  // each ingredient on its own timer
-    kPresets = 2, // as kRandom: see ZephorVisualizer::DrawPresetIfDue
-};
 
 class ZephorVisualizer : public visualizer::PlatformVisualizer {
 public:
@@ -52,23 +46,26 @@ public:
     // shorter gives what it has.
     [[nodiscard]] bool Start(platform::NativeWindow window, const records::LocalizedStrings& strings);
 
-    void Draw(std::uint32_t flag) override;                                                // 3
+    void Draw(std::uint32_t flag) override; // 3
     bool HandleKeyInput(std::uint32_t count, const char16_t* characters, std::uint32_t modifiers,
-                        visualizer::IVisualizerCommandReceiver* receiver) override;        // 5
-    void SetRenderMode(std::uint32_t mode) override;                                       // 7
-    void CreateConfigPanelTexture() override;                                              // 14: and the logo
-    std::uint32_t ReshapeRenderer() override;                                              // 16: Resize
-    std::uint32_t AudioDataArrived(std::uint32_t pulseStamp) override;                     // 20: a whole frame
+                        visualizer::IVisualizerCommandReceiver* receiver) override; // 5
+    void SetRenderMode(std::uint32_t mode) override;                                // 7
+    void CreateConfigPanelTexture() override;                                       // 14: and the logo
+    std::uint32_t ReshapeRenderer() override;                                       // 16: Resize
+    std::uint32_t AudioDataArrived(std::uint32_t pulseStamp) override;              // 20: a whole frame
     void Reserved21() override; // restarts the track info's fade while the pulse position is 0
     void DrawPanelTexture(render::ITexture* texture, const double destination[4], float alpha,
-                          std::uint32_t colorMode) override;                               // 27
+                          std::uint32_t colorMode) override; // 27
 
 protected:
     // Seconds between two changes, from the end of the fade for the waveform and the colours and from the
     // change itself for the delta field. Set by the first resize.
     static constexpr double kWaveformPeriod = 11.0, kDeltaPeriod = 15.0, kColourPeriod = 17.0;
     static constexpr double kLogoFadeSeconds = 10.0;
-    static constexpr std::int32_t kFirstPreset = 2; // requests from here on name preset rows 0, 1, ...
+
+    // Change modes besides kChangeMode_Held: each ingredient on its own timer; by presets, which is the same today
+    // (see PresetIsDue).
+    static constexpr std::int32_t kChangeMode_Random = 1, kChangeMode_Presets = 2, kChangeModes = 3;
 
     void SelectDeltaField(double now, std::uint32_t flags);
     void SelectWaveform(double now, std::uint32_t flags);
@@ -81,7 +78,7 @@ protected:
     double mLogoShownAt;
     std::unique_ptr<ZephorLayerSet> mLayers;
     std::array<double, 4> mDrawRect{}; // x, y, width, height of the image, 2 more than the view's each way
-    ZephorAudioState mConditioned;
+    ZephorAudioState mConditioned{};
     double mWaveformChangeTime = 0;
     double mWaveformPeriod = 0;
     WaveformStage mStage; // the waveforms in force and fading out
@@ -92,32 +89,34 @@ protected:
     std::unique_ptr<DeltafieldFunctor> mDeltaFunctor;
     std::int32_t mDeltaRequest = kFirstPreset;
     std::int32_t mWaveformRequest = kFirstPreset;
-    ChangeMode mChangeMode = ChangeMode::kRandom;
+    std::int32_t mChangeMode = kChangeMode_Random;
     ZephorOverlaySet mOverlays;
     bool mStepFlag = false, mThemeFlag = true, mOptionFlag = false; // kept for hosts; nothing reads them
-    WCLUTManager mClut;
+    WCLUTManager mClut{ AllColourMaps() };
 
 private:
     struct Key;
     static const Key kKeys[];
 
+    void SelectAll(double now, std::uint32_t flags);
+    void ChooseDelta();
+    bool ComputeFieldIfReady();
     [[nodiscard]] bool PresetIsDue() const;
     void StartPreset();
-    void ComputeField();
-    void ComputeFieldIfReady();
-    void PutOnStage(std::int32_t index, AsyncWaveFormFunctor* waveform);
+
     void StepImage();
     void DrawSound();
-    void UploadImage();
     void DrawImage();
+    void ResizeImage();
     void ShowLogo();
     bool DrawLogo(double alpha);
     void DrawConfig();
-    void ResizeImage();
+
+    void NextHelp(visualizer::IVisualizerCommandReceiver& receiver);
     void StepDelta(std::int32_t step);
     void StepWaveform(std::int32_t step);
     void StepColour(std::int32_t step);
-    void SelectAll(double now, std::uint32_t flags);
+    void NextChangeMode();
     void DrawAllAnew();
 };
 
