@@ -60,7 +60,7 @@ struct Scene {
     }
 
     void DrawSound() {
-        DrawWaveforms(stage, { *layers.targetLayer, audio, seconds, kWidth, kHeight, ColourTable(table) });
+        DrawWaveforms(stage, { *layers.targetLayer, audio, seconds, kWidth, kHeight, ShownColours(table) });
     }
 };
 

@@ -83,7 +83,7 @@ void DrawStrip(const std::string& path, AsyncWaveFormFunctor* before, AsyncWaveF
         MakeMusic(audio, time);
         layers.StepFeedback();
         DrawWaveforms(stage, { *layers.targetLayer, audio, time, double(width), double(height),
-                               ColourTable(table.data(), 256) });
+                               ShownColours(table.data(), 256) });
         if (frame == kMomentFrames[moments.size()]) moments.emplace_back(*layers.targetLayer);
     }
     WriteStrip(path, moments);

@@ -27,6 +27,9 @@ public:
 
     [[nodiscard]] FeedbackForm Form() const { return mForm; }
 
+    // The threads of the step, for other work on rows between two steps.
+    [[nodiscard]] SliceThreads& Threads() { return mThreads; }
+
     // Bytes held for the current field, for measurements.
     [[nodiscard]] std::size_t PreparedBytes() const;
 

@@ -10,14 +10,14 @@
 namespace orvane::zephor {
 
 // 256 colours, 0x00RRGGBB.
-using ColourTable = std::span<const std::uint32_t, 256>;
+using ShownColours = std::span<const std::uint32_t, 256>;
 
 struct WaveformFrame {
     ZephorLayer& target;
     const ZephorAudioState& audio;
     double time;          // seconds
     double width, height; // of the image, in pixels
-    ColourTable table;
+    ShownColours table;
 };
 
 // Factors for x and y that keep a square a square, by the shorter side.

@@ -36,7 +36,7 @@ private:
     void DrawSegment(Spot from, Spot to, float width);
 
     ZephorLayer& mTarget;
-    ColourTable mTable;
+    ShownColours mTable;
     const AsyncWaveFormFunctor& mStyle;
     int mLoadedIndex = -1;
     float mColour[4] = {}; // red, green, blue, 0

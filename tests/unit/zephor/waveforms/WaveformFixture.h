@@ -21,7 +21,7 @@ protected:
     }
 
     [[nodiscard]] WaveformFrame Frame() {
-        return { mLayer, mAudio, mTime, mWidth, mHeight, ColourTable(mTable) };
+        return { mLayer, mAudio, mTime, mWidth, mHeight, ShownColours(mTable) };
     }
 
     // One frame of two waveforms that were there before; `before` may be null.

@@ -45,7 +45,7 @@ protected:
     }
 
     [[nodiscard]] WaveformFrame Frame(ZephorLayer& target, double time) {
-        return { target, mAudio, time, kWidth, kHeight, ColourTable(mTable) };
+        return { target, mAudio, time, kWidth, kHeight, ShownColours(mTable) };
     }
 
     // FNV-1a of an image that a fade from the list's first effect was drawn into.
