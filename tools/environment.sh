@@ -28,7 +28,7 @@ need_packages() {
   as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix libcli11-dev googletest)
+build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix libcli11-dev libeigen3-dev googletest)
 bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev libcairo2-dev pkg-config)
 wine_packages=(wine wine64 fonts-wine fonts-liberation libgl1-mesa-dri xvfb)
 
