@@ -41,6 +41,9 @@ void AddPlayOptions(CLI::App& app, PlayOptions& options) {
         ->check(CLI::Range(kFurthestAhead, kLongestDelay));
     auto* silent = app.add_flag("--silent", options.silent, "play without a sound");
     live->excludes(songs)->excludes(start)->excludes(silent);
+    app.parse_complete_callback([live, &options] {
+        if (live->count() != 0 && options.live.empty()) options.live = kLiveOutput; // alone it is the output
+    });
 }
 
 LiveSource LiveSourceOf(const PlayOptions& options) {

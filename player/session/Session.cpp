@@ -31,11 +31,10 @@ IHeardSound& HeardOf(const SessionParts& parts) {
 
 Session::Session(PlayOptions options, SessionParts parts)
     : mOptions(std::move(options))
-    , mParts(std::move(parts))
+    , mParts(parts)
     , mHeard(HeardOf(mParts))
     , mShow(mOptions, mParts.host, mParts.console, mParts.clock)
-    , mPlaylist(SongsOf(mOptions))
-    , mWindow(mParts.analysis.frames) {}
+    , mPlaylist(SongsOf(mOptions)) {}
 
 ExitCode Session::Run() {
     if (Begin()) {
@@ -82,6 +81,8 @@ bool Session::Play(Track track, double seconds) {
     mParts.console.Say(messages::NowPlaying(TrackLine(texts)));
     const std::uint32_t rate = track.source ? track.source->Rate() : mHeard.Rate();
     if (!mShow.Present({ texts, std::move(track.cover), rate, seconds })) return false;
+    mParts.analysis.Begin(rate);
+    mWindow.resize(mParts.analysis.WindowFrames());
     if (track.source) mParts.deck->Load(std::move(track.source), seconds);
     TellOfDevice();
     return true;
@@ -136,7 +137,7 @@ bool Session::HeedHost() {
 bool Session::Pulse() {
     if (mShow.PulseIsUnderWay()) return mShow.AwaitPulse(kReplyStep);
     const double now = mParts.clock.Now();
-    if (const double wait = mParts.pace.SecondsUntilDue(now); wait > 0) {
+    if (const double wait = mPulses.SecondsUntilDue(now); wait > 0) {
         mParts.clock.Sleep(std::min(wait, kLongestSleep));
         return true;
     }
@@ -145,9 +146,10 @@ bool Session::Pulse() {
         std::fill(mWindow.begin(), mWindow.end(), StereoFrame{});
     else
         mHeard.CopyHeard(mWindow);
-    mParts.analysis.analyze(mWindow, mHeard.Rate(), mSound);
-    mParts.pace.Sent(now);
-    return mShow.SendPulse(Position(), mSound);
+    mPulses.Sent(now);
+    const records::AudioRenderData sound =
+        mParts.analysis.Analyze(mWindow, now - std::exchange(mAnalyzed, now));
+    return mShow.SendPulse(Position(), sound);
 }
 
 double Session::Position() {

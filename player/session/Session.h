@@ -5,6 +5,7 @@
 // own requests. The sound is fed by another thread, and so doesn't wait for any of this.
 #pragma once
 
+#include "player/pacing/PulseClock.h"
 #include "player/session/Playlist.h"
 #include "player/session/Show.h"
 #include "player/sound/Deck.h"
@@ -18,9 +19,8 @@ struct SessionParts {
     IHost& host;
     IConsole& console;
     ISessionClock& clock;
-    IPulsePace& pace;
     ITrackOpener& opener;
-    SoundAnalysis analysis;
+    ISoundAnalysis& analysis;
     Deck* deck = nullptr;      // plays the songs; null for live sound
     LiveSound* live = nullptr; // null for songs
 };
@@ -58,12 +58,13 @@ private:
     Show mShow;
     Playlist mPlaylist;
     std::string mTitle; // of the current track, UTF-8
-    std::vector<StereoFrame> mWindow;
-    records::AudioRenderData mSound = {};
-    double mBegan = 0;        // seconds of the clock
-    double mNextProgress = 0; // the same
-    double mNextLook = 0;     // the same: whether the host is still there
-    bool mOnSpare = false;    // the user knows that there is no sound
+    PulseClock mPulses;
+    std::vector<StereoFrame> mWindow; // of the sound that the last pulse showed
+    double mAnalyzed = 0;             // seconds of the clock
+    double mBegan = 0;                // seconds of the clock
+    double mNextProgress = 0;         // the same
+    double mNextLook = 0;             // the same: whether the host is still there
+    bool mOnSpare = false;            // the user knows that there is no sound
     ExitCode mExit = kExitOk;
 };
 

@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -45,24 +44,20 @@ public:
     virtual void Sleep(double seconds) = 0;
 };
 
-// When the next pulse is to go out.
-class IPulsePace {
+// Makes the waveforms and spectra of a pulse out of the sound around a moment.
+class ISoundAnalysis {
 public:
-    virtual ~IPulsePace() = default;
+    virtual ~ISoundAnalysis() = default;
 
-    // 0 if one is due.
-    [[nodiscard]] virtual double SecondsUntilDue(double now) = 0;
+    // Begins anew with sound of that many frames a second.
+    virtual void Begin(std::uint32_t rate) = 0;
 
-    // One goes out now.
-    virtual void Sent(double now) = 0;
-};
+    // How many frames it looks at; the moment is before the one in the middle.
+    [[nodiscard]] virtual std::size_t WindowFrames() const = 0;
 
-// Makes the waveforms and spectra of a pulse out of the last sound that was heard.
-struct SoundAnalysis {
-    std::size_t frames = records::kSamplesPerChannel; // that it looks at, the newest last
-    std::function<void(std::span<const StereoFrame> frames, std::uint32_t rate,
-                       records::AudioRenderData& result)>
-        analyze;
+    // `seconds` is how much time has gone by since the last call.
+    [[nodiscard]] virtual records::AudioRenderData Analyze(std::span<const StereoFrame> window,
+                                                           double seconds) = 0;
 };
 
 } // namespace orvane::player

@@ -14,9 +14,10 @@ constexpr std::uint32_t kUsualRate = 44100; // frames a second, while there is n
 
 } // namespace
 
-Deck::Deck(ISoundDevice& device, ISoundDevice& spare, double delaySeconds)
+Deck::Deck(ISoundDevice& device, ISoundDevice& spare, Clock clock, double delaySeconds)
     : mDevice(&device)
     , mSpare(&spare)
+    , mClock(std::move(clock))
     , mDelaySeconds(delaySeconds)
     , mHistory(1) {}
 
@@ -27,9 +28,7 @@ void Deck::Load(std::unique_ptr<ISoundSource> source, double seconds) {
     const std::uint32_t rate = mSource->Rate();
     mHistory = SoundHistory(std::size_t(rate * kHistorySeconds));
     if (!mDevice->Open(rate)) SwitchToSpare();
-    mFirstFrame = 0;
-    mHistory.Restart(0);
-    mSourceEnded = false;
+    BeginAt(0);
     if (seconds > 0) Restart(std::llround(seconds * rate));
     FillDevice();
 }
@@ -43,8 +42,14 @@ void Deck::Restart(std::int64_t frame) {
     if (!mSource->Seek(frame)) return;
     mDevice->Drop();
     const std::int64_t length = mSource->Length();
-    mFirstFrame = length > 0 ? std::min(frame, length) : frame;
-    mHistory.Restart(mFirstFrame);
+    BeginAt(length > 0 ? std::min(frame, length) : frame);
+}
+
+// What is written from now on is the track from that frame.
+void Deck::BeginAt(std::int64_t frame) {
+    mFirstFrame = frame;
+    mHistory.Restart(frame);
+    mListening.emplace(mSource->Rate(), mDelaySeconds);
     mSourceEnded = false;
 }
 
@@ -74,6 +79,7 @@ void Deck::FillDevice() {
 
 void Deck::Pause(bool paused) {
     const std::lock_guard lock(mMutex);
+    if (paused && !mPaused) mPausedAt = mClock();
     mPaused = paused;
     if (mSource) mDevice->Run(!mPaused);
 }
@@ -119,10 +125,20 @@ std::uint32_t Deck::Rate() const {
     return mSource ? mSource->Rate() : kUsualRate;
 }
 
+// The clock as the music sees it: it stands still while the music does.
+double Deck::Now() const {
+    return mPaused ? mPausedAt : mClock();
+}
+
 void Deck::CopyHeard(std::span<StereoFrame> window) const {
     const std::lock_guard lock(mMutex);
-    const std::uint32_t rate = mSource ? mSource->Rate() : kUsualRate;
-    mHistory.CopyBefore(HeardFrame() - std::llround(mDelaySeconds * rate), window);
+    if (!mSource) {
+        std::fill(window.begin(), window.end(), StereoFrame{});
+        return;
+    }
+    mListening->Played(std::uint64_t(HeardFrame()), Now());
+    const std::int64_t middle = mListening->Frame(Now(), mSource->Rate());
+    mHistory.CopyBefore(middle + std::int64_t(window.size() - window.size() / 2), window);
 }
 
 } // namespace orvane::player

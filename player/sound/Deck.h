@@ -4,21 +4,27 @@
 // everything else may be called by another thread at any time. A call lasts as long as decoding one chunk does.
 #pragma once
 
+#include "player/pacing/ListeningClock.h"
 #include "player/sound/HeardSound.h"
 #include "player/sound/SoundDevice.h"
 #include "player/sound/SoundHistory.h"
 #include "player/sound/SoundSource.h"
 
+#include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 
 namespace orvane::player {
 
 class Deck final : public IHeardSound {
 public:
+    // A clock that never runs backwards, in seconds.
+    using Clock = std::function<double()>;
+
     // Plays on `device`, and on `spare` as soon as `device` can't be opened or goes away. `spare` must always
     // open. CopyHeard answers with the sound that was heard `delaySeconds` ago; a negative delay looks ahead.
-    Deck(ISoundDevice& device, ISoundDevice& spare, double delaySeconds = 0);
+    Deck(ISoundDevice& device, ISoundDevice& spare, Clock clock, double delaySeconds = 0);
 
     // Plays a track from that second on, in the place of what was played before; a pause ends.
     void Load(std::unique_ptr<ISoundSource> source, double seconds);
@@ -50,18 +56,23 @@ public:
 private:
     void SwitchToSpare();
     void Restart(std::int64_t frame);
+    void BeginAt(std::int64_t frame);
     void FillDevice();
     [[nodiscard]] std::int64_t HeardFrame() const;
+    [[nodiscard]] double Now() const;
 
     mutable std::mutex mMutex; // guards everything below
     ISoundDevice* mDevice;
     ISoundDevice* const mSpare;
+    const Clock mClock;
     const double mDelaySeconds;
     std::unique_ptr<ISoundSource> mSource;
     SoundHistory mHistory;
     std::int64_t mFirstFrame = 0; // of the track: the first one written since the last seek
     bool mSourceEnded = false;
     bool mPaused = false;
+    double mPausedAt = 0;                             // seconds of the clock
+    mutable std::optional<ListeningClock> mListening; // of the track: a device tells its place in steps
 };
 
 } // namespace orvane::player

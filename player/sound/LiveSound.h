@@ -25,7 +25,7 @@ public:
 
     [[nodiscard]] std::uint32_t Rate() const override { return mRate; }
 
-    // Silence when nothing came in for a while: a system that plays nothing delivers nothing.
+    // The newest frames. Silence when nothing came in for a while: a system that plays nothing delivers nothing.
     void CopyHeard(std::span<StereoFrame> window) const override;
 
 private:

@@ -31,7 +31,8 @@ protected:
 
     ScriptedDevice mDevice;
     ScriptedDevice mSpare;
-    Deck mDeck{ mDevice, mSpare };
+    double mNow = 20.0; // seconds
+    Deck mDeck{ mDevice, mSpare, [this] { return mNow; } };
 };
 
 TEST_F(DeckTest, IsSilentWithoutATrack) {
@@ -68,23 +69,38 @@ TEST_F(DeckTest, GivesTheSoundThatIsHeardNotThatIsDecoded) {
     Load(1000);
     mDevice.Play(40);
     EXPECT_EQ(mDeck.Position(), 0.04);
-    EXPECT_EQ(Heard(mDeck, 3), (std::vector{ RampFrame(37), RampFrame(38), RampFrame(39) }));
-    EXPECT_EQ(Heard(mDeck, 41).front(), StereoFrame{}); // before the beginning
+    EXPECT_EQ(Heard(mDeck, 3), (std::vector{ RampFrame(39), RampFrame(40), RampFrame(41) }));
+    EXPECT_EQ(Heard(mDeck, 4), (std::vector{ RampFrame(38), RampFrame(39), RampFrame(40), RampFrame(41) }));
+    EXPECT_EQ(Heard(mDeck, 82).front(), StereoFrame{}); // before the beginning
 }
 
 TEST_F(DeckTest, GivesTheSoundThatWasHeardADelayAgo) {
-    Deck late(mDevice, mSpare, 0.01);
+    Deck late(
+        mDevice, mSpare, [this] { return mNow; }, 0.01);
     late.Load(std::make_unique<RampSource>(1000), 0);
     mDevice.Play(40);
-    EXPECT_EQ(Heard(late, 2), (std::vector{ RampFrame(28), RampFrame(29) }));
+    EXPECT_EQ(Heard(late, 2), (std::vector{ RampFrame(29), RampFrame(30) }));
     EXPECT_EQ(late.Position(), 0.04); // the sound's own
 }
 
 TEST_F(DeckTest, LooksAheadWithADelayBelowZero) {
-    Deck early(mDevice, mSpare, -0.01);
+    Deck early(
+        mDevice, mSpare, [this] { return mNow; }, -0.01);
     early.Load(std::make_unique<RampSource>(1000), 0);
     mDevice.Play(40);
-    EXPECT_EQ(Heard(early, 2), (std::vector{ RampFrame(48), RampFrame(49) }));
+    EXPECT_EQ(Heard(early, 2), (std::vector{ RampFrame(49), RampFrame(50) }));
+}
+
+// Between two reports of the device the moment runs on with the clock, but not while the music is paused.
+TEST_F(DeckTest, RunsOnBetweenTheStepsOfTheDevice) {
+    Load(1000);
+    mDevice.Play(40);
+    EXPECT_EQ(Heard(mDeck, 2), (std::vector{ RampFrame(39), RampFrame(40) }));
+    mNow += 0.0078125;
+    EXPECT_EQ(Heard(mDeck, 2), (std::vector{ RampFrame(47), RampFrame(48) }));
+    mDeck.Pause(true);
+    mNow += 0.0625;
+    EXPECT_EQ(Heard(mDeck, 2), (std::vector{ RampFrame(47), RampFrame(48) }));
 }
 
 TEST_F(DeckTest, IsOverWhenTheLastFrameIsHeard) {
@@ -129,9 +145,9 @@ TEST_F(DeckTest, SeeksAndForgetsWhatWasUnheard) {
     EXPECT_EQ(mDeck.Position(), 0.5);
     EXPECT_EQ(mDevice.mWritten.front(), RampFrame(500));
     EXPECT_TRUE(mDevice.mRunning);
-    EXPECT_EQ(Heard(mDeck, 1).front(), StereoFrame{}); // nothing from where it was
+    EXPECT_EQ(Heard(mDeck, 2), (std::vector{ StereoFrame{}, RampFrame(500) })); // nothing from where it was
     mDevice.Play(2);
-    EXPECT_EQ(Heard(mDeck, 2), (std::vector{ RampFrame(500), RampFrame(501) }));
+    EXPECT_EQ(Heard(mDeck, 2), (std::vector{ RampFrame(501), RampFrame(502) }));
 }
 
 TEST_F(DeckTest, StaysPausedOverASeek) {
@@ -203,7 +219,7 @@ TEST(DeckThreads, CanBeFedWhileItIsLookedAt) {
     const auto clock = [&now] { return now.load(); };
     SilentDevice device(clock);
     SilentDevice spare(clock);
-    Deck deck(device, spare);
+    Deck deck(device, spare, clock);
     deck.Load(std::make_unique<RampSource>(1'000'000), 0);
     std::atomic<bool> ends = false;
     std::thread feeder([&] {
@@ -217,7 +233,7 @@ TEST(DeckThreads, CanBeFedWhileItIsLookedAt) {
         deck.CopyHeard(window);
         for (std::size_t i = 1; i < window.size(); ++i)
             ASSERT_TRUE(window[i - 1] == StereoFrame{} || window[i].left == window[i - 1].left + 1) << round;
-        if (round % 100 == 0) deck.Seek(round);
+        if (round % 100 == 0) deck.Seek(round / 10.0);
     }
     ends = true;
     feeder.join();
