@@ -1,16 +1,13 @@
 // Writes the seeds of fuzz_registration into the folder that is given: a good registration, and its neighbours
 // on the other side of each decision.
+#include "SeedFolder.h"
 #include "support/Wire.h"
-
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 
 namespace {
 
 using namespace orvane::tests;
 
-struct Seed {
+struct Registration {
     const char* name;
     std::uint32_t majorVersion, minorVersion;
     std::uint16_t nameCount;
@@ -18,7 +15,7 @@ struct Seed {
     std::uint64_t handler; // any but 0 becomes the target's own
 };
 
-constexpr Seed kSeeds[] = {
+constexpr Registration kRegistrations[] = {
     { "good", 10, 9, 5, 8, 1 },
     { "no-idle", 10, 9, 5, 0, 1 },
     { "no-name", 10, 9, 0, 8, 1 },
@@ -30,12 +27,17 @@ constexpr Seed kSeeds[] = {
     { "null-handler", 10, 9, 5, 8, 0 },
 };
 
-Bytes RecordOf(const Seed& seed) {
+Bytes RecordOf(const Registration& registration) {
     constexpr std::u16string_view kName = u"Waves";
     WireBuilder record;
-    record.U32(seed.majorVersion).U32(seed.minorVersion).U32(0).U16(seed.nameCount);
+    record.U32(registration.majorVersion).U32(registration.minorVersion).U32(0).U16(registration.nameCount);
     for (const char16_t unit : kName) record.U16(unit);
-    record.Zeros(2 * (255 - kName.size())).U32(seed.options).U32(1).Raw("1234").U64(seed.handler).U64(7);
+    record.Zeros(2 * (255 - kName.size()))
+        .U32(registration.options)
+        .U32(1)
+        .Raw("1234")
+        .U64(registration.handler)
+        .U64(7);
     for (std::uint32_t word = 1; word <= 7; ++word) record.U32(word);
     return record.Get();
 }
@@ -43,16 +45,8 @@ Bytes RecordOf(const Seed& seed) {
 } // namespace
 
 int main(int count, char** arguments) {
-    if (count != 2) {
-        std::fputs("usage: fuzz_registration_seeds FOLDER\n", stderr);
-        return 2;
-    }
-    const std::filesystem::path folder = arguments[1];
-    std::filesystem::create_directories(folder);
-    for (const auto& seed : kSeeds) {
-        std::ofstream file(folder / seed.name, std::ios::binary);
-        const std::string bytes = AsText(RecordOf(seed));
-        file.write(bytes.data(), std::streamsize(bytes.size()));
-    }
-    return 0;
+    std::vector<orvane::fuzz::Seed> seeds;
+    for (const auto& registration : kRegistrations)
+        seeds.push_back({ registration.name, AsText(RecordOf(registration)) });
+    return orvane::fuzz::WriteSeeds(count, arguments, seeds);
 }

@@ -1,17 +1,14 @@
 // Writes the seeds of fuzz_request into the folder that is given: requests as a player sends them, and a few
 // that are nearly so.
+#include "SeedFolder.h"
 #include "records/AudioRenderData.h"
 #include "support/Wire.h"
-
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 
 namespace {
 
 using namespace orvane::tests;
 
-struct Seed {
+struct RequestSeed {
     const char* name;
     Bytes request;
 };
@@ -45,10 +42,10 @@ Bytes Cut(const Bytes& request, std::size_t length) {
     return { request.begin(), request.begin() + std::ptrdiff_t(length) };
 }
 
-std::vector<Seed> Seeds() {
+std::vector<RequestSeed> Seeds() {
     const std::string track = AsText(SampleTrackBlock()), shortTrack = AsText(ShortTrackBlock());
     const Bytes start = Tag("STRT").Raw(track).Get();
-    std::vector<Seed> seeds = {
+    std::vector<RequestSeed> seeds = {
         { "upvm-groups", Tag("UPVM")
                              .Raw("Q\x03<Cycle camera><C><Help><?><Orvane Visualizer><>"
                                   "Z\x02<Next><N><Orvane Classic Visualizer><>")
@@ -91,19 +88,7 @@ std::vector<Seed> Seeds() {
 } // namespace
 
 int main(int count, char** arguments) {
-    if (count != 2) {
-        std::fprintf(stderr, "usage: %s FOLDER\n", arguments[0]);
-        return 2;
-    }
-    const std::filesystem::path folder = arguments[1];
-    std::filesystem::create_directories(folder);
-    for (const auto& seed : Seeds()) {
-        std::ofstream file(folder / seed.name, std::ios::binary);
-        file << AsText(seed.request);
-        if (!file.flush()) {
-            std::fprintf(stderr, "cannot write %s\n", seed.name);
-            return 1;
-        }
-    }
-    return 0;
+    std::vector<orvane::fuzz::Seed> seeds;
+    for (const auto& seed : Seeds()) seeds.push_back({ seed.name, AsText(seed.request) });
+    return orvane::fuzz::WriteSeeds(count, arguments, seeds);
 }

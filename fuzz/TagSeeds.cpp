@@ -1,19 +1,12 @@
 // Writes the seeds of fuzz_tags into the folder that is given: a small file of each format, and a few that have
 // what is rarely seen.
+#include "SeedFolder.h"
 #include "support/TagFiles.h"
-
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 
 namespace {
 
 using namespace orvane::tests;
-
-struct Seed {
-    const char* name;
-    std::string file;
-};
+using orvane::fuzz::Seed;
 
 std::string Id3Body(int version) {
     const bool two = version == 2;
@@ -40,7 +33,7 @@ std::vector<Seed> Seeds() {
         { "id3-2.4-extended", Id3Tag(4, Syncsafe(6) + std::string(2, '\1') + Id3Body(4), 0xC0) },
         { "id3-2.4-lengths", Id3Tag(4, Id3Frame(4, "TIT2", Syncsafe(6) + Id3Text("Title"), 0x01)) },
         { "id3-before-flac", Id3Tag(4, "", 0x10) + std::string(10, '3') + FlacFile({ { 1, "pad" } }) },
-        { "id3v1", "\xFF\xFB" + Id3v1Tag("Title", "Artist", "Album") },
+        { "id3v1", Join({ "\xFF\xFB", Id3v1Tag("Title", "Artist", "Album") }) },
         { "flac", FlacFile({ { 0, std::string(34, 'i') },
                              { 4, VorbisComments({ "TITLE=T", "ARTIST=A", "ALBUM=B" }) },
                              { 6, FlacPicture(3, Jpeg(24)) } }) },
@@ -59,19 +52,5 @@ std::vector<Seed> Seeds() {
 } // namespace
 
 int main(int count, char** arguments) {
-    if (count != 2) {
-        std::fprintf(stderr, "usage: %s FOLDER\n", arguments[0]);
-        return 2;
-    }
-    const std::filesystem::path folder = arguments[1];
-    std::filesystem::create_directories(folder);
-    for (const auto& seed : Seeds()) {
-        std::ofstream file(folder / seed.name, std::ios::binary);
-        file << seed.file;
-        if (!file.flush()) {
-            std::fprintf(stderr, "cannot write %s\n", seed.name);
-            return 1;
-        }
-    }
-    return 0;
+    return orvane::fuzz::WriteSeeds(count, arguments, Seeds());
 }

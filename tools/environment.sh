@@ -29,7 +29,7 @@ need_packages() {
 }
 
 build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix libcli11-dev libeigen3-dev googletest)
-bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev libcairo2-dev pkg-config)
+bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev libcairo2-dev libfftw3-dev pkg-config)
 wine_packages=(wine wine64 fonts-wine fonts-liberation libgl1-mesa-dri xvfb)
 
 # Configures and builds a preset in silence, or shows what went wrong.

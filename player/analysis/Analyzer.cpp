@@ -5,6 +5,7 @@
 #include <eigen3/unsupported/Eigen/FFT>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <complex>
 #include <cstring>
@@ -26,6 +27,7 @@ constexpr int kSmallestWindow = 6;         // as powers of two: 64 frames, for 2
 constexpr int kLargestWindow = 16;         // and more than any device plays
 constexpr float kWaveformScale = 127;      // bytes for full scale, either way from silence
 constexpr float kLargestByte = 255;
+constexpr float kHalf = 0.5f;         // rounds what isn't negative when it is cut off to a whole
 constexpr float kLoudest = 0.25f;     // amplitude that gives the largest byte: 12 dB below full scale
 constexpr float kLowestLevel = 0.02f; // square root of 80 dB below full scale, as a part of that of kLoudest
 constexpr double kTiltStart = 500;    // Hz
@@ -58,7 +60,8 @@ float Sane(float sample) {
 }
 
 std::uint8_t ByteOf(float value) {
-    return std::uint8_t(std::lround(std::clamp(value, 0.0f, kLargestByte)));
+    const float whole = std::clamp(value, 0.0f, kLargestByte) + kHalf;
+    return std::uint8_t(whole);
 }
 
 std::uint8_t WaveformByte(float sample) {
@@ -73,9 +76,9 @@ std::uint8_t SpectrumByte(float amplitude) {
 
 struct Analyzer::State {
     State(double framesPerSecond, std::size_t channelCount)
-        : channels(channelCount)
+        : channels(std::max<std::size_t>(channelCount, 1))
         , window(HannWindow(WindowFor(framesPerSecond)))
-        , samples(window.size())
+        , samples{ window, window }
         , weighted(window.size())
         , bins(window.size() / 2 + 1)
         , tilt(TiltOf(framesPerSecond, window.size())) {
@@ -84,46 +87,55 @@ struct Analyzer::State {
 
     [[nodiscard]] std::size_t Frames() const { return window.size(); }
 
-    void TakeChannel(std::span<const float> interleaved, std::size_t channel) {
-        for (std::size_t i = 0; i < Frames(); ++i) samples[i] = Sane(interleaved[i * channels + channel]);
+    // Takes the two channels that count, and returns the loudest sample of them.
+    float Take(std::span<const float> interleaved) {
+        float peak = 0;
+        for (std::size_t channel = 0; channel < kAudioChannels; ++channel) {
+            const float* from = interleaved.data() + std::min(channel, channels - 1);
+            for (float& sample : samples[channel]) {
+                sample = Sane(*from);
+                peak = std::max(peak, std::abs(sample));
+                from += channels;
+            }
+        }
+        return peak;
     }
 
     // The waveform's sample: the mean of its frames, or a point on the line between two where it has less than one.
-    [[nodiscard]] float WaveformSample(std::size_t index) const {
+    [[nodiscard]] float WaveformSample(const std::vector<float>& frames, std::size_t index) const {
         const std::size_t start = Frames() / 4; // it is the middle half of the window
         if (Frames() >= kUsualWindow) {
             const std::size_t count = Frames() / kUsualWindow, first = start + index * count;
             float sum = 0;
-            for (std::size_t i = 0; i < count; ++i) sum += samples[first + i];
+            for (std::size_t i = 0; i < count; ++i) sum += frames[first + i];
             return sum / float(count);
         }
         const std::size_t perFrame = kUsualWindow / Frames(), first = start + index / perFrame;
         const float part = float(index % perFrame) / float(perFrame);
-        return samples[first] + (samples[first + 1] - samples[first]) * part;
+        return frames[first] + (frames[first + 1] - frames[first]) * part;
     }
 
-    void WriteWaveform(std::span<std::uint8_t, kSamplesPerChannel> out) const {
-        for (std::size_t i = 0; i < out.size(); ++i) out[i] = WaveformByte(WaveformSample(i) * gain.Factor());
+    void WriteWaveform(const std::vector<float>& frames,
+                       std::span<std::uint8_t, kSamplesPerChannel> out) const {
+        const float factor = gain.Factor();
+        for (std::size_t i = 0; i < out.size(); ++i)
+            out[i] = WaveformByte(WaveformSample(frames, i) * factor);
     }
 
-    void WriteSpectrum(std::span<std::uint8_t, kSamplesPerChannel> out) {
-        for (std::size_t i = 0; i < Frames(); ++i) weighted[i] = samples[i] * window[i];
+    void WriteSpectrum(const std::vector<float>& frames, std::span<std::uint8_t, kSamplesPerChannel> out) {
+        for (std::size_t i = 0; i < Frames(); ++i) weighted[i] = frames[i] * window[i];
         transform.fwd(bins.data(), weighted.data(), Eigen::Index(Frames()));
         // A full-scale sine has an amplitude of half the window's sum, which is half its size.
         const float scale = 4.0f / float(Frames()) * gain.Factor();
         const std::size_t count = std::min(out.size(), bins.size() - 1);
-        for (std::size_t i = 0; i < count; ++i) out[i] = SpectrumByte(std::abs(bins[i]) * scale * tilt[i]);
-    }
-
-    [[nodiscard]] float PeakOf(std::span<const float> interleaved) const {
-        float peak = 0;
-        for (const float sample : interleaved) peak = std::max(peak, std::abs(Sane(sample)));
-        return peak;
+        for (std::size_t i = 0; i < count; ++i)
+            out[i] = SpectrumByte(std::sqrt(std::norm(bins[i])) * scale * tilt[i]);
     }
 
     const std::size_t channels;
     const std::vector<float> window;
-    std::vector<float> samples, weighted;
+    std::array<std::vector<float>, kAudioChannels> samples; // one vector a channel
+    std::vector<float> weighted;
     std::vector<std::complex<float>> bins;
     const std::vector<float> tilt;
     Eigen::FFT<float> transform;
@@ -148,11 +160,10 @@ AudioRenderData Analyzer::Analyze(std::span<const float> window, double seconds)
     AudioRenderData data = SilentRenderData();
     State& state = *mState;
     if (window.size() != state.Frames() * state.channels) return data;
-    state.gain.Follow(state.PeakOf(window), seconds);
+    state.gain.Follow(state.Take(window), seconds);
     for (std::size_t channel = 0; channel < kAudioChannels; ++channel) {
-        state.TakeChannel(window, std::min(channel, state.channels - 1));
-        state.WriteWaveform(data.waveform[channel]);
-        state.WriteSpectrum(data.spectrum[channel]);
+        state.WriteWaveform(state.samples[channel], data.waveform[channel]);
+        state.WriteSpectrum(state.samples[channel], data.spectrum[channel]);
     }
     return data;
 }

@@ -19,7 +19,7 @@
 //   up to 0.7 of full scale, by 18 dB at most, and down at once when it gets louder. It never lowers what is loud,
 //   and a break or a swell of some seconds stays one.
 //
-// The same calls give the same bytes. One call costs some twentieth of a millisecond.
+// The same calls give the same bytes. One call costs some 0.02 ms, and 0.07 ms at 192 kHz.
 #pragma once
 
 #include "records/AudioRenderData.h"
@@ -33,7 +33,7 @@ namespace orvane::player {
 
 class Analyzer {
 public:
-    // `framesPerSecond` above 0; `channels` at least 1.
+    // `framesPerSecond` above 0. No channels are taken as one.
     Analyzer(double framesPerSecond, std::size_t channels);
     Analyzer(Analyzer&&) noexcept;
     ~Analyzer();

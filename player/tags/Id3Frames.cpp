@@ -56,8 +56,7 @@ std::optional<Frame> NextFrame(Cursor& body, std::uint8_t version) {
     std::uint32_t size = 0;
     std::uint8_t flags = 0;
     if (version == 2) {
-        const auto characters = body.Bytes(nameLength2);
-        std::ranges::copy(characters, name.begin());
+        for (std::size_t i = 0; i < nameLength2; ++i) name[i] = char(body.Big(1));
         size = std::uint32_t(body.Big(3));
     } else {
         name = body.Four();

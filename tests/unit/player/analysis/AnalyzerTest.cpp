@@ -75,6 +75,12 @@ TEST(Analyzer, AWindowOfAnotherSizeIsSilence) {
         EXPECT_TRUE(Same(analyzer.Analyze(Samples(size, 0.5f), 0), SilentRenderData())) << size;
 }
 
+TEST(Analyzer, NoChannelsAreTakenAsOne) {
+    auto analyzer = WithGainOfOne(44100, 0);
+    EXPECT_TRUE(Same(analyzer.Analyze({}, 0), SilentRenderData()));
+    EXPECT_NE(analyzer.Analyze(Sine(1024, 44100, 1000, 0.5), 0).spectrum[0][23], 0);
+}
+
 TEST(Analyzer, MonoIsInBothChannels) {
     auto analyzer = WithGainOfOne(44100, 1);
     const auto data = analyzer.Analyze(Sine(1024, 44100, 1000, 0.5), 0);

@@ -111,7 +111,7 @@ TEST(Id3, ACompressedTagOfVersion2IsLeftUnread) {
 }
 
 TEST(Id3, FieldsInFrontOfAFramesDataArePassedOver) {
-    const std::string grouped3 = Id3Frame(3, "TIT2", "\x07" + Id3Text("Title"), 0x20);
+    const std::string grouped3 = Id3Frame(3, "TIT2", Join({ "\x07", Id3Text("Title") }), 0x20);
     EXPECT_EQ(TagsOf(Id3Tag(3, grouped3)).title, u"Title");
     const std::string both4 =
         Id3Frame(4, "TIT2", Join({ "\x07", Syncsafe(6), Id3Text("Title") }), 0x40 | 0x01);
@@ -182,7 +182,7 @@ TEST(Id3, AThousandFramesInFrontChangeNothing) {
 }
 
 TEST(Id3v1, ReadsTheLast128Bytes) {
-    ExpectThreeTexts(TagsOf("\xFF\xFBsound" + Id3v1Tag("Title", "Artist", "Album")));
+    ExpectThreeTexts(TagsOf(Join({ "\xFF\xFBsound", Id3v1Tag("Title", "Artist", "Album") })));
     const std::string full = Id3v1Tag(std::string(30, 't'), "Artist   ", std::string(30, '\xE4'));
     EXPECT_EQ(full.size(), 128u);
     const Tags tags = TagsOf(full);

@@ -67,11 +67,12 @@ TEST(TagText, NoPairIsCutInTwo) {
 }
 
 TEST(TagText, ALongUtf8TextThatWasCutWithinACharacterIsStillUtf8) {
-    const std::string beginning = "\xC3\x84" + std::string(kLongestText - 2, 'x');
-    const std::u16string units = u"\u00C4" + std::u16string(kLongestText - 2, u'x');
+    const std::string beginning = tests::Join({ "\xC3\x84", std::string(kLongestText - 2, 'x') });
+    std::u16string units(kLongestText - 1, u'x');
+    units.front() = u'\u00C4';
     for (const std::string_view character : { "\xC3\xA9", "\xE4\xB8\x96", "\xF0\x9F\x8E\xB5" })
         for (std::size_t kept = 1; kept < character.size(); ++kept) {
-            const std::string text = beginning + std::string(character.substr(0, kept));
+            const std::string text = tests::Join({ beginning, character.substr(0, kept) });
             EXPECT_EQ(TextOfUtf8(AsBytes(text)), units) << kept << " of " << character.size();
         }
 }

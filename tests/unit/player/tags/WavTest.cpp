@@ -38,7 +38,7 @@ TEST(Wav, ReadsAnId3TagInAChunkOfItsOwn) {
 }
 
 TEST(Wav, AnotherListAndAnotherFormOfRiffAreNotRead) {
-    EXPECT_EQ(TagsOf(WavFile(Chunk("LIST", "adtl" + Chunk("INAM", "Title")))), Tags());
+    EXPECT_EQ(TagsOf(WavFile(Chunk("LIST", Join({ "adtl", Chunk("INAM", "Title") })))), Tags());
     std::string file = WavFile(ThreeInfos());
     file.replace(8, 4, "AVI ");
     EXPECT_EQ(TagsOf(file), Tags());
