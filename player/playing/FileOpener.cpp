@@ -1,6 +1,7 @@
 #include "player/playing/FileOpener.h"
 
 #include "platform/Text.h"
+#include "player/session/BuiltInPiece.h"
 #include "player/session/Messages.h"
 #include "player/sound/windows/MediaFile.h"
 #include "player/tags/Tags.h"
@@ -19,6 +20,11 @@ std::filesystem::path PathOf(const std::string& name) {
 
 Track FileOpener::Open(const std::string& song) {
     Track track;
+    if (song.empty()) {
+        track = OpenBuiltInPiece();
+        track.cover = mArtwork;
+        return track;
+    }
     const std::filesystem::path path = PathOf(song);
     OpenedMediaFile opened = OpenMediaFile(path);
     switch (opened.problem) {

@@ -61,7 +61,7 @@ bool Session::Begin() {
         }
     }
     if (!mShow.Open()) return false;
-    mBegan = mParts.clock.Now();
+    mBegan = mAnalyzed = mParts.clock.Now();
     return Play(std::move(track), mOptions.startSeconds);
 }
 

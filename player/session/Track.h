@@ -27,7 +27,7 @@ struct Track {
     std::string error; // one line that says what to do, if there is no source
 };
 
-// Opens songs by the names that the command line gives them.
+// Opens songs by the names that the command line gives them; the empty name is the built-in piece.
 class ITrackOpener {
 public:
     virtual ~ITrackOpener() = default;

@@ -24,9 +24,10 @@ fs::path PlayingTest::WriteTone(const std::string& name, double seconds) const {
     constexpr std::uint32_t kRate = 22050;
     constexpr double kTone = 440; // hertz
     constexpr double kLoud = 20000;
-    return Write(name, WavFile({ kRate, 2, std::uint32_t(seconds * kRate) }, [](std::uint32_t frame, std::uint16_t) {
-                     return std::int16_t(kLoud * std::sin(2 * std::numbers::pi * kTone * frame / kRate));
-                 }));
+    return Write(
+        name, WavFile({ kRate, 2, std::uint32_t(seconds * kRate) }, [](std::uint32_t frame, std::uint16_t) {
+            return std::int16_t(kLoud * std::sin(2 * std::numbers::pi * kTone * frame / kRate));
+        }));
 }
 
 fs::path PlayingTest::Write(const std::string& name, const std::string& bytes) const {
@@ -39,8 +40,8 @@ fs::path PlayingTest::CopyProgram(std::wstring_view name, const std::string& cop
     return mFolder / copy;
 }
 
-bool PlayingTest::StartPlayer(ChildProcess& player, const std::wstring& arguments, const StartOptions& options,
-                              const std::wstring& program) {
+bool PlayingTest::StartPlayer(ChildProcess& player, const std::wstring& arguments,
+                              const StartOptions& options, const std::wstring& program) {
     const std::wstring chosen = program.empty() ? ProgramBeside(L"orvane-player.exe") : program;
     return player.Start(chosen, L"--silent " + arguments, options);
 }

@@ -24,9 +24,9 @@ std::string List() {
 WitnessHost::WitnessHost(std::map<std::size_t, std::string> pulseReplies, std::size_t lastPulse)
     : mPulseReplies(std::move(pulseReplies))
     , mLastPulse(lastPulse)
-    , mPipe(player::Adopt(CreateNamedPipeW(player::kVisualizerPipe, PIPE_ACCESS_DUPLEX | FILE_FLAG_FIRST_PIPE_INSTANCE,
-                                           PIPE_TYPE_MESSAGE | PIPE_READMODE_MESSAGE, 1, kBufferBytes, kBufferBytes, 0,
-                                           nullptr)))
+    , mPipe(player::Adopt(CreateNamedPipeW(
+          player::kVisualizerPipe, PIPE_ACCESS_DUPLEX | FILE_FLAG_FIRST_PIPE_INSTANCE,
+          PIPE_TYPE_MESSAGE | PIPE_READMODE_MESSAGE, 1, kBufferBytes, kBufferBytes, 0, nullptr)))
     , mMade(mPipe != nullptr) {
     if (mMade) mThread = std::thread(&WitnessHost::Serve, this);
 }

@@ -15,7 +15,8 @@ class WitnessHost {
 public:
     // `pulseReplies` by the number of the pulse, from 0: what it tells in its reply behind the first word. Behind
     // the pulse of number `lastPulse` the pipe goes away, without a reply to it.
-    explicit WitnessHost(std::map<std::size_t, std::string> pulseReplies = {}, std::size_t lastPulse = SIZE_MAX);
+    explicit WitnessHost(std::map<std::size_t, std::string> pulseReplies = {},
+                         std::size_t lastPulse = SIZE_MAX);
 
     // The player must have ended or be about to.
     ~WitnessHost();

@@ -110,6 +110,47 @@ TEST_F(WitnessTest, ObeysTheKeysOfATerminal) {
     EXPECT_GE(position, 10000u);
 }
 
+// This process in the console of another, until the object goes.
+class BorrowedConsole {
+public:
+    explicit BorrowedConsole(DWORD processId) {
+        FreeConsole();
+        mAttached = AttachConsole(processId) != FALSE;
+        SetConsoleCtrlHandler(nullptr, TRUE); // what is meant for the other must not end this one
+    }
+
+    ~BorrowedConsole() {
+        FreeConsole();
+        SetConsoleCtrlHandler(nullptr, FALSE);
+    }
+
+    BorrowedConsole(const BorrowedConsole&) = delete;
+    BorrowedConsole& operator=(const BorrowedConsole&) = delete;
+
+    [[nodiscard]] bool IsAttached() const { return mAttached; }
+
+private:
+    bool mAttached;
+};
+
+TEST_F(WitnessTest, EndsCleanlyByCtrlC) {
+    WitnessHost host;
+    ASSERT_TRUE(host.IsThere());
+    ChildProcess player;
+    ASSERT_TRUE(StartPlayer(player, Quoted(WriteTone("long.wav", 600)), { .flags = CREATE_NEW_CONSOLE }));
+    ASSERT_TRUE(WaitUntil([&] { return host.Pulses().size() > 3; }));
+    {
+        const BorrowedConsole console(player.Id());
+        ASSERT_TRUE(console.IsAttached());
+        ASSERT_TRUE(GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0));
+        ASSERT_TRUE(player.WaitForText("a second.")); // the console has to last until the player has heard it
+    }
+    const Played played = Finish(player);
+    EXPECT_EQ(played.exitCode, 0) << played.text;
+    EXPECT_EQ(WithoutSummary(played.text), "Playing: long\nVisualizer: Scripted\n");
+    EXPECT_EQ(host.Tags(), kOneSong);
+}
+
 TEST_F(WitnessTest, EndsByEscapeInTheWindow) {
     WitnessHost host({ { 5, std::string("CYEK\x1B\0\0\0\0\0\0\0", 12) } });
     ASSERT_TRUE(host.IsThere());
