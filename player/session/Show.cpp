@@ -12,6 +12,7 @@ namespace orvane::player {
 namespace {
 
 constexpr double kLongestFrameSeconds = 60.0;
+constexpr HostLink::Milliseconds kLastPatience{ 2000 }; // for the last frame when all is to end
 constexpr double kMillisecondsPerSecond = 1000.0;
 
 } // namespace
@@ -117,8 +118,11 @@ bool Show::StartAgain() {
     return ShowAll();
 }
 
+// A host that is busy for too long isn't told: it is going in any case.
 void Show::End() {
-    if (mExit == kExitOk && mIsUp && mLink.Stop()) (void)mLink.Hide(); // it is going in any case
+    if (mLink.PulseIsUnderWay()) (void)mLink.TakePulseReply(kLastPatience);
+    const bool listens = mExit == kExitOk && mIsUp && !mLink.PulseIsUnderWay();
+    if (listens && mLink.Stop()) (void)mLink.Hide();
     mHost.Close();
 }
 

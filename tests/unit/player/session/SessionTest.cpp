@@ -381,6 +381,15 @@ TEST_F(SessionTest, EndsCleanlyWhenTheSystemWantsIt) {
               (Lines{ "(open)", "UPVM", "(forward)", "SWSV", "NOAR", "STOP", "HWND", "(close)" }));
 }
 
+TEST_F(SessionTest, EndsSoonBesideAHostThatDoesNotAnswer) {
+    mOptions.songs = { "c" };
+    mHost.mFrameSeconds = 1e6;
+    Press(0.5, 'q');
+    EXPECT_EQ(Run(), kExitOk);
+    EXPECT_NEAR(mClock.mNow, kBegin + 2.5, 0.05);
+    EXPECT_EQ(mHost.mTags, (Lines{ "(open)", "UPVM", "(forward)", "SWSV", "NOAR", "(close)" }));
+}
+
 // A host that is gone.
 TEST_F(SessionTest, StartsAHostThatIsGoneAgainOnce) {
     mOptions.songs = { "c" };
