@@ -108,7 +108,7 @@ void PipedHost::Close() {
 
 void PipedHost::Discard() {
     mClient.Disconnect();
-    EndProcess();
+    if (mStartedHere || mWindow.ThreadId() != 0) EndProcess();
     Forget();
 }
 

@@ -56,7 +56,8 @@ public:
     // Disconnects, and ends the process if it was started by Open.
     virtual void Close() = 0;
 
-    // Disconnects and ends the process, whoever started it: it is of no more use.
+    // Disconnects and ends the process, which is of no more use, whoever started it. One that was found and never had
+    // a host's window is left alone.
     virtual void Discard() = 0;
 };
 

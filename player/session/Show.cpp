@@ -120,9 +120,9 @@ bool Show::StartAgain() {
 
 // A host that is busy for too long isn't told: it is going in any case.
 void Show::End() {
-    if (mLink.PulseIsUnderWay()) (void)mLink.TakePulseReply(kLastPatience);
-    const bool listens = mExit == kExitOk && mIsUp && !mLink.PulseIsUnderWay();
-    if (listens && mLink.Stop()) (void)mLink.Hide();
+    const bool isWell = mExit == kExitOk && mIsUp;
+    if (isWell && mLink.PulseIsUnderWay()) (void)mLink.TakePulseReply(kLastPatience);
+    if (isWell && !mLink.PulseIsUnderWay() && mLink.Stop()) (void)mLink.Hide();
     mHost.Close();
 }
 

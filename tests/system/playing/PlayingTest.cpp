@@ -75,6 +75,12 @@ std::string WithoutSummary(const std::string& text) {
     return std::regex_replace(text, kSummary, "");
 }
 
+std::string NoSoundLine(const fs::path& path) {
+    return std::string("\"")
+        .append(path.string())
+        .append("\" holds no sound that this system can decode: try a WAV, MP3 or FLAC file.\n");
+}
+
 std::wstring Quoted(const fs::path& path) {
     return L"\"" + path.wstring() + L"\"";
 }

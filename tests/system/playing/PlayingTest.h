@@ -50,6 +50,9 @@ protected:
 // Its lines but the summary.
 [[nodiscard]] std::string WithoutSummary(const std::string& text);
 
+// What the player says of a file that holds no sound.
+[[nodiscard]] std::string NoSoundLine(const std::filesystem::path& path);
+
 // An argument in quotes.
 [[nodiscard]] std::wstring Quoted(const std::filesystem::path& path);
 

@@ -1,4 +1,5 @@
 // The player before a host that remembers what it was told.
+#include "shell/protocol/Requests.h"
 #include "support/Wire.h"
 #include "system/playing/PlayingTest.h"
 #include "system/playing/WitnessHost.h"
@@ -13,6 +14,11 @@ using Tags = std::vector<std::string>;
 const Tags kOneSong = { "UPVM", "SWSV", "NOAR", "STOP", "HWND" };
 constexpr std::size_t kPulseBytes = 2062;
 constexpr std::size_t kWaveformAt = 13; // of a pulse: the left channel's 512 samples
+
+std::uint32_t PositionOf(const std::string& pulse) {
+    return shell::UInt32At(reinterpret_cast<const std::uint8_t*>(pulse.data()),
+                           shell::pulse_request::kPosition);
+}
 
 class WitnessTest : public PlayingTest {};
 
@@ -42,8 +48,7 @@ TEST_F(WitnessTest, SendsTheSoundWithEachPulse) {
         WireBuilder stamp;
         stamp.Raw("PULS").U32(std::uint32_t(i + 1));
         EXPECT_EQ(pulses[i].substr(0, 8), AsText(stamp.Get()));
-        std::uint32_t next = 0;
-        std::memcpy(&next, pulses[i].data() + 8, sizeof(next));
+        const std::uint32_t next = PositionOf(pulses[i]);
         EXPECT_GE(next, position);
         position = next;
     }
@@ -72,8 +77,7 @@ TEST_F(WitnessTest, PlaysSongsOneAfterTheOtherAndPassesOverWhatIsNone) {
                                Quoted(WriteTone("two.wav", 0.3)));
     EXPECT_EQ(played.exitCode, 0);
     EXPECT_EQ(WithoutSummary(played.text),
-              "Playing: one\nVisualizer: Scripted\n\"" + text.string() +
-                  "\" holds no sound that this system can decode: try a WAV, MP3 or FLAC file.\n"
+              "Playing: one\nVisualizer: Scripted\n" + NoSoundLine(text) +
                   "There is no file \"missing.wav\": check its name.\nPlaying: two\n");
     EXPECT_EQ(host.Tags(), (Tags{ "UPVM", "SWSV", "NOAR", "STRT", "NOAR", "STOP", "HWND" }));
 }
@@ -105,9 +109,7 @@ TEST_F(WitnessTest, ObeysTheKeysOfATerminal) {
     ASSERT_TRUE(player.Type("\x1B"));
     EXPECT_EQ(Finish(player).exitCode, 0);
     EXPECT_EQ(host.Tags(), (Tags{ "UPVM", "SWSV", "NOAR", "NTFS", "STOP", "HWND" }));
-    std::uint32_t position = 0;
-    std::memcpy(&position, host.Pulses().back().data() + 8, sizeof(position));
-    EXPECT_GE(position, 10000u);
+    EXPECT_GE(PositionOf(host.Pulses().back()), 10000u);
 }
 
 // This process in the console of another, until the object goes.
