@@ -3,6 +3,8 @@
 #include "player/sound/StereoMix.h"
 #include "player/sound/windows/SharedStream.h"
 
+#include <ksmedia.h>
+
 #include <algorithm>
 #include <vector>
 
@@ -13,7 +15,6 @@ namespace {
 using Microsoft::WRL::ComPtr;
 
 constexpr REFERENCE_TIME kBufferTicks = kTicksPerSecond / 2;
-constexpr std::uint16_t kChannels = 2;
 
 class WasapiCapture final : public ISoundCapture {
 public:
@@ -31,30 +32,35 @@ private:
     ComPtr<IAudioClient> mClient;
     ComPtr<IAudioCaptureClient> mCapture;
     std::uint32_t mRate = 0;
+    std::uint32_t mChannels = 0;
     std::vector<StereoFrame> mPacket; // the last one
     std::size_t mTaken = 0;           // of it
     bool mLost = false;
 };
 
-std::uint32_t MixRate(IAudioClient& client) {
-    WAVEFORMATEX* mix = nullptr;
-    if (FAILED(client.GetMixFormat(&mix)) || !mix) return 0;
-    const std::uint32_t rate = mix->nSamplesPerSec;
-    CoTaskMemFree(mix);
-    return rate;
+bool IsFloat(const WAVEFORMATEX& format) {
+    if (format.wBitsPerSample != 8 * sizeof(float)) return false;
+    if (format.wFormatTag != WAVE_FORMAT_EXTENSIBLE) return format.wFormatTag == WAVE_FORMAT_IEEE_FLOAT;
+    return reinterpret_cast<const WAVEFORMATEXTENSIBLE&>(format).SubFormat == KSDATAFORMAT_SUBTYPE_IEEE_FLOAT;
 }
 
+// Takes the sound as the device mixes it. That is floats as a rule; where it isn't, the system converts it.
 bool WasapiCapture::Open(CaptureFrom from) {
     const bool loopback = from == CaptureFrom::kOutput;
     mClient = ActivateDefaultDevice(loopback ? eRender : eCapture);
-    if (!mClient) return false;
-    mRate = MixRate(*mClient.Get());
-    if (mRate == 0) return false;
-    const WAVEFORMATEXTENSIBLE format = FloatFormat(mRate, kChannels);
-    const DWORD flags = AUDCLNT_STREAMFLAGS_AUTOCONVERTPCM | AUDCLNT_STREAMFLAGS_SRC_DEFAULT_QUALITY |
-                        (loopback ? DWORD(AUDCLNT_STREAMFLAGS_LOOPBACK) : 0);
-    return SUCCEEDED(mClient->Initialize(AUDCLNT_SHAREMODE_SHARED, flags, kBufferTicks, 0, &format.Format,
-                                         nullptr)) &&
+    WAVEFORMATEX* mix = nullptr;
+    if (!mClient || FAILED(mClient->GetMixFormat(&mix)) || !mix) return false;
+    const std::unique_ptr<WAVEFORMATEX, decltype(&CoTaskMemFree)> owner(mix, &CoTaskMemFree);
+    const bool asItIs = IsFloat(*mix);
+    const WAVEFORMATEXTENSIBLE converted = FloatFormat(mix->nSamplesPerSec, 2);
+    const WAVEFORMATEX& format = asItIs ? *mix : converted.Format;
+    mRate = format.nSamplesPerSec;
+    mChannels = format.nChannels;
+    constexpr DWORD kConvert = AUDCLNT_STREAMFLAGS_AUTOCONVERTPCM | AUDCLNT_STREAMFLAGS_SRC_DEFAULT_QUALITY;
+    const DWORD flags = (asItIs ? 0 : kConvert) | (loopback ? DWORD(AUDCLNT_STREAMFLAGS_LOOPBACK) : 0);
+    return mRate != 0 &&
+           SUCCEEDED(
+               mClient->Initialize(AUDCLNT_SHAREMODE_SHARED, flags, kBufferTicks, 0, &format, nullptr)) &&
            SUCCEEDED(mClient->GetService(IID_PPV_ARGS(&mCapture))) && SUCCEEDED(mClient->Start());
 }
 
@@ -77,7 +83,7 @@ bool WasapiCapture::TakePacket() {
     if (result != S_OK) return false; // AUDCLNT_S_BUFFER_EMPTY is a success
     mPacket.resize(count);
     if (!(flags & AUDCLNT_BUFFERFLAGS_SILENT))
-        MixToStereo({ reinterpret_cast<const float*>(bytes), std::size_t(count) * kChannels }, kChannels,
+        MixToStereo({ reinterpret_cast<const float*>(bytes), std::size_t(count) * mChannels }, mChannels,
                     mPacket);
     mCapture->ReleaseBuffer(count);
     return count != 0;
