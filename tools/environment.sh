@@ -29,7 +29,7 @@ need_packages() {
 }
 
 build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix libcli11-dev libeigen3-dev googletest)
-bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev libcairo2-dev libfftw3-dev pkg-config)
+bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev libcairo2-dev libopencv-imgproc-dev pkg-config libfftw3-dev)
 wine_packages=(wine wine64 fonts-wine fonts-liberation libgl1-mesa-dri xvfb)
 
 # Configures and builds a preset in silence, or shows what went wrong.
@@ -84,9 +84,12 @@ start_wine() {
     touch "$wine_prefix/.ready"
   fi
   # The server stays up between programs. The first program starts the prefix's services, which hold on to its
-  # output; so that is one whose output nobody waits for.
+  # output; so that is one whose output nobody waits for. It says whether there is a window manager: a virtual
+  # display has none, and Wine would wait two seconds for its answer with each window, and leave to it what it
+  # then never does: to maximise a window, or to put it on top.
   wineserver -p >/dev/null 2>&1 </dev/null || true
-  wine cmd /c ver >/dev/null 2>&1 </dev/null
+  wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d "$([ -n "$display_process" ] && echo N || echo Y)" /f \
+    >/dev/null 2>&1 </dev/null
 }
 
 # Keeps a window open until the script ends, so that Wine's desktop process is there before the first test: it would

@@ -31,12 +31,12 @@ struct Section {
     std::string_view name;
     int bars;
     std::span<const Chord> chords; // one a bar
-    Pattern kick = {}, snare = {}, hat = {}, bass = {}, arp = {};
-    std::span<const TuneBar> lead = {}, bell = {};
+    Pattern kick, snare, hat, bass, arp;
+    std::span<const TuneBar> lead, bell;
     float levelFrom, levelTo;           // of everything, across the section
     float brightnessFrom, brightnessTo; // how far the filters are open, 0 to 1
-    bool crash = false;                 // a cymbal at the beginning
-    bool riser = false;                 // noise that rises to the end
+    bool crash;                         // a cymbal at the beginning
+    bool riser;                         // noise that rises to the end
 };
 
 [[nodiscard]] std::span<const Section> SongSections();

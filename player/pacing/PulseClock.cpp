@@ -5,6 +5,12 @@
 
 namespace orvane::player {
 
+namespace {
+
+constexpr double kLongestWait = 1.001; // slots; the hair above one is rounding, more is a step of the clock
+
+} // namespace
+
 double PulseClock::TimeOf(std::int64_t slot) const {
     return mSchedule->start + double(slot) / mPulsesPerSecond;
 }
@@ -13,8 +19,7 @@ double PulseClock::SecondsUntilDue(double now) {
     if (!mSchedule) mSchedule = Schedule{ .start = now };
     const double wait = TimeOf(mSchedule->next) - now;
     if (wait <= 0) return 0;
-    const double slot = 1 / mPulsesPerSecond;
-    if (wait <= slot * 1.001) return wait; // a hair of rounding is no step of the clock
+    if (wait * mPulsesPerSecond <= kLongestWait) return wait;
     mSchedule = Schedule{ .start = now };
     return 0;
 }

@@ -14,17 +14,20 @@ namespace orvane::platform {
 class OwnedMutex {
 public:
     void lock() { // NOLINT(readability-identifier-naming): the standard library's names for a lockable
-        const auto self = std::this_thread::get_id();
         // Only this thread can have stored its own id, so the answer cannot change while it is looked at.
-        if (mOwner.load(std::memory_order_relaxed) == self)
+        if (IsHeldByThisThread())
             throw std::system_error(std::make_error_code(std::errc::resource_deadlock_would_occur));
         mMutex.lock();
-        mOwner.store(self, std::memory_order_relaxed);
+        mOwner.store(std::this_thread::get_id(), std::memory_order_relaxed);
     }
 
     void unlock() { // NOLINT(readability-identifier-naming)
         mOwner.store(std::thread::id(), std::memory_order_relaxed);
         mMutex.unlock();
+    }
+
+    [[nodiscard]] bool IsHeldByThisThread() const {
+        return mOwner.load(std::memory_order_relaxed) == std::this_thread::get_id();
     }
 
 private:

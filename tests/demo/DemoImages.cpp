@@ -57,6 +57,26 @@ std::vector<std::uint32_t> TilesImage() {
     });
 }
 
+std::vector<std::uint8_t> RingsFile() {
+    constexpr std::uint32_t kHeaders = 14 + 40, kPixels = kImageSide * kImageSide * 3; // bytes
+    std::vector<std::uint8_t> file = { 'B', 'M' };
+    const auto put = [&file](std::uint32_t value, int bytes) {
+        for (int i = 0; i < bytes; ++i) file.push_back(static_cast<std::uint8_t>(value >> 8 * i));
+    };
+    for (const std::uint32_t value : { kHeaders + kPixels, 0u, kHeaders, 40u, kImageSide, kImageSide })
+        put(value, 4);
+    put(1, 2);  // planes
+    put(24, 2); // bits a pixel
+    for (const std::uint32_t value : { 0u, kPixels, 0u, 0u, 0u, 0u }) put(value, 4);
+    for (const std::uint32_t texel :
+         RingsImage()) { // the lowest row first: the picture is the same either way
+        put(texel >> 16, 1);
+        put(texel >> 8, 1);
+        put(texel, 1);
+    }
+    return file;
+}
+
 std::vector<std::uint8_t> WavesImage(double seconds) {
     std::vector<std::uint8_t> image;
     for (std::uint32_t row = 0; row < kImageSide; ++row)

@@ -20,6 +20,9 @@ using Rgba = std::array<float, 4>;
 [[nodiscard]] std::vector<std::uint32_t> GlowImage();  // a white spot that fades out, on black
 [[nodiscard]] std::vector<std::uint32_t> TilesImage(); // four quarters of four colours with a frame
 
+// The rings as a bitmap file of 24 bits a pixel, for an image decoder.
+[[nodiscard]] std::vector<std::uint8_t> RingsFile();
+
 // One index a texel: waves that wander with the time.
 [[nodiscard]] std::vector<std::uint8_t> WavesImage(double seconds);
 

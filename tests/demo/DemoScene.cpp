@@ -1,6 +1,7 @@
 #include "demo/DemoScene.h"
 
 #include "demo/DemoImages.h"
+#include "demo/DemoPanel.h"
 
 #include <cmath>
 #include <cstring>
@@ -11,8 +12,8 @@ namespace {
 
 using namespace render;
 
-constexpr int kColumns = 6, kRows = 4;
-constexpr float kCell = 200; // units of the grid; the view is 1200 by 800 of them, its origin in the middle
+constexpr int kColumns = 6, kRows = 5;
+constexpr float kCell = 200; // units of the grid; the view is 1200 by 1000 of them, its origin in the middle
 constexpr float kViewWidth = kCell * kColumns, kViewHeight = kCell * kRows;
 constexpr float kShape = 62; // half side of a shape
 constexpr int kSprites = 24, kLineSegments = 200, kPointCount = 300, kDistant = 120;
@@ -115,6 +116,7 @@ void DemoScene::MakeImages() {
     mRings = Texture(mRenderer, RingsImage(), "rings");
     mGlow = Texture(mRenderer, GlowImage(), "glow");
     mTiles = Texture(mRenderer, TilesImage(), "tiles");
+    mPanel = MakePanel(mRenderer);
     mWaves.reset(mRenderer.CreateTexture(nullptr, kImageSide, kImageSide, 0, 0, kPixelFormat_R8UInt, "waves",
                                          kImageUnit, kDynamic));
     mTable.reset(mRenderer.CreateBufferTexture(kTableEntries, "table", kTableUnit));
@@ -175,6 +177,7 @@ void DemoScene::Draw(double seconds, double width, double height) {
     DrawPointsAndTriangles(seconds);
     DrawInstances(seconds);
     DrawQuads(seconds);
+    DrawPanel();
     mRenderer.PopProjection();
     DrawWire(seconds);
     DrawDistance(seconds, width / height);
@@ -295,7 +298,8 @@ void DemoScene::DrawInstances(double seconds) {
 
 // Parts of one picture at quarters of their square, one of them fading; and the whole, small, in the middle.
 void DemoScene::DrawQuads(double seconds) {
-    constexpr double kLeft = 4.0 / kColumns, kBottom = 0, kWide = 1.0 / kColumns, kHigh = 1.0 / kRows;
+    constexpr double kLeft = 4.0 / kColumns, kBottom = 1.0 / kRows, kWide = 1.0 / kColumns,
+                     kHigh = 1.0 / kRows;
     mRenderer.PushIdentityProjection();
     mRenderer.PushIdentityModelView();
     for (int part = 0; part < 5; ++part) {
@@ -308,6 +312,16 @@ void DemoScene::DrawQuads(double seconds) {
         const float alpha = part == 0 ? F(0.5 + 0.5 * std::sin(2 * seconds)) : 1;
         mRenderer.DrawTexturedQuad(mTiles.get(), mQuad, destination, source, alpha, kColorMode_White);
     }
+    mRenderer.PopModelView();
+    mRenderer.PopProjection();
+}
+
+// The lowest row, as panels are drawn over a picture.
+void DemoScene::DrawPanel() {
+    constexpr double kLowestRow[4] = { 0, 0, 1, 1.0 / kRows }, kWhole[4] = { 0, 0, 1, 1 };
+    mRenderer.PushIdentityProjection();
+    mRenderer.PushIdentityModelView();
+    mRenderer.DrawTexturedQuad(mPanel.get(), mQuad, kLowestRow, kWhole, 1, kColorMode_White);
     mRenderer.PopModelView();
     mRenderer.PopProjection();
 }

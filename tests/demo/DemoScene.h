@@ -1,4 +1,4 @@
-// One of everything that the drawing contract can show, each in its own square of six columns and four rows:
+// One of everything that the drawing contract can show, each in its own square of six columns and five rows:
 //
 //          set A         set B         set C           set D           set E         set F
 //   row 1  tint          texture       colour*texture  colours         sprites       colour table   unblended
@@ -6,9 +6,11 @@
 //   row 3  the same, added to what is there (the colour table can't)
 //   row 4  wire          lines         points,         instances       textured      sprites in the distance,
 //                                      triangles                       quads         a table on a moving image
+//   row 5  a panel of the 2D canvas:     lines,          an image      an image      fills of
+//          text of several alignments    round shapes    from a file   from rows     falling alpha
 //
 // Sprites are wider than high because their radius counts in clip space, whatever the view's aspect.
-// It knows the drawing contract alone; the last square of row 4 is shared by two.
+// The panel of row 5 aside, it knows the drawing contract alone; the last square of row 4 is shared by two.
 #pragma once
 
 #include "render/IRenderer.h"
@@ -45,9 +47,10 @@ private:
     void DrawQuads(double seconds);
     void DrawDistance(double seconds, double aspect);
     void DrawMovingImage(double seconds);
+    void DrawPanel();
 
     render::IRenderer& mRenderer;
-    render::TexturePtr mRings, mGlow, mTiles, mWaves;
+    render::TexturePtr mRings, mGlow, mTiles, mWaves, mPanel;
     std::unique_ptr<render::IBufferTexture> mTable;
     std::map<std::uint32_t, int> mShapes; // by kind: the unit square or the points of a square of the grid
     int mGround = 0, mGroundVertices = 0, mWire = 0, mLines = 0, mPoints = 0, mTriangles = 0, mTile = 0,

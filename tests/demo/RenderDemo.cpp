@@ -1,4 +1,4 @@
-// render-demo: one of everything that the Direct3D renderer draws, in a window.
+// render-demo: one of everything that the renderer draws, in a window.
 //
 //     render-demo [--frames N]     ends by itself after N frames
 //     render-demo --measure N      times N frames of an 8-bit image through the colour table, 1000 by 800
@@ -19,7 +19,7 @@ namespace {
 using render::Direct3DRenderer;
 using Clock = std::chrono::steady_clock;
 
-constexpr int kWidth = 1200, kHeight = 800;
+constexpr int kWidth = 1200, kHeight = 1000;
 
 Direct3DRenderer* sRenderer = nullptr; // what the window's size goes to, while it is there
 

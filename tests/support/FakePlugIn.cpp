@@ -16,8 +16,9 @@ void FakePlugIn::Note(std::string call) {
     mLog.calls.push_back(std::move(call));
 }
 
-bool FakePlugIn::ActivateInWindow(platform::NativeWindow) {
+bool FakePlugIn::ActivateInWindow(platform::NativeWindow window) {
     Note("ActivateInWindow()");
+    mLog.window = window;
     return mLog.activateResult;
 }
 
@@ -67,6 +68,8 @@ void FakePlugIn::StartExternalVisualPlayback(const records::TrackParamObj* track
 bool FakePlugIn::KeyInput(std::uint32_t count, const char16_t* characters, std::uint32_t modifiers) {
     Note("KeyInput(" + to_string(count) + ", " + to_string(modifiers) + ")");
     mLog.lastPointer = reinterpret_cast<const std::uint8_t*>(characters);
+    mLog.characters.append(characters, count);
+    if (mLog.onKeyInput) mLog.onKeyInput();
     return mLog.keyResult;
 }
 

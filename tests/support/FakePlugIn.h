@@ -10,12 +10,14 @@
 
 namespace orvane::tests {
 
-// What a FakePlugIn was asked, and what it shall do meanwhile. Kept outside of the plug-in, since plug-ins are
-// never destructed.
+// What a FakePlugIn was asked, and what it shall do meanwhile. Kept outside of the plug-in, since plug-ins
+// are never destructed.
 struct FakePlugInLog {
     std::vector<std::string> calls; // each as "Name(arguments)"
-    std::function<void()> onPulse, onDraw;
+    std::function<void()> onPulse, onDraw, onKeyInput;
     const std::uint8_t* lastPointer = nullptr; // of Pulse, SetArtwork, KeyInput
+    std::u16string characters;                 // of all KeyInput so far
+    platform::NativeWindow window;             // of ActivateInWindow
     bool keyResult = false;
     bool activateResult = true;
 };

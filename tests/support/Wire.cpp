@@ -42,9 +42,13 @@ WireBuilder& WireBuilder::String(std::u16string_view text) {
 }
 
 Bytes SampleTrackBlock() {
+    return TrackBlock(u"Name", u"Artist", u"Album");
+}
+
+Bytes TrackBlock(std::u16string_view name, std::u16string_view artist, std::u16string_view album) {
     WireBuilder block;
     block.Raw("FNIT").U32(0x1000).U32(0x1001);
-    block.String(u"Name").String(u"Text 2").String(u"Artist").String(u"Album");
+    block.String(name).String(u"Text 2").String(artist).String(album);
     block.String(u"Text 5").String(u"Text 6").String(u"Text 7").String(u"Text 8");
     block.U32(0x1002).U32(0x1003).U16(0xFFFE).U16(0x0102);
     for (std::uint32_t i = 0; i < 11; ++i) block.U32(0x1010 + i);

@@ -35,6 +35,10 @@ private:
 // the three that are shown named "Name", "Artist" and "Album".
 [[nodiscard]] Bytes SampleTrackBlock();
 
+// The same with other texts in place of the three that are shown.
+[[nodiscard]] Bytes TrackBlock(std::u16string_view name, std::u16string_view artist,
+                               std::u16string_view album);
+
 [[nodiscard]] std::string AsText(std::span<const std::uint8_t> bytes);
 
 } // namespace orvane::tests

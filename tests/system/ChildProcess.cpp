@@ -57,15 +57,19 @@ bool ChildProcess::Start(const std::wstring& program, const std::wstring& argume
     startup.hStdOutput = writeEnd;
     startup.hStdError = writeEnd;
     std::wstring commandLine = L"\"" + program + L"\" " + arguments;
-    std::wstring environment = EnvironmentWith(options.variables);
+    std::wstring environment;
+    if (!options.variables.empty()) environment = EnvironmentWith(options.variables);
     const player::UniqueHandle token = options.limited ? MakeLimitedToken() : nullptr;
     if (options.limited && !token) return false;
     const DWORD flags = options.flags | CREATE_UNICODE_ENVIRONMENT;
     PROCESS_INFORMATION process = {};
     // Without a token it is CreateProcessW.
     if (!CreateProcessAsUserW(token.get(), program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, flags,
-                              environment.data(), nullptr, &startup, &process))
+                              environment.empty() ? nullptr : environment.data(), nullptr, &startup,
+                              &process)) {
+        mText = "not started: error " + std::to_string(GetLastError());
         return false;
+    }
     CloseHandle(process.hThread);
     mProcess = player::Adopt(process.hProcess);
     mId = process.dwProcessId;

@@ -37,6 +37,7 @@ public:
     ChildProcess& operator=(const ChildProcess&) = delete;
 
     // Starts `program` with its standard output and standard error going into Text(). Once for each object.
+    // If the system refuses, Text() is its error.
     [[nodiscard]] bool Start(const std::wstring& program, const std::wstring& arguments,
                              const StartOptions& options = {});
 
@@ -46,8 +47,8 @@ public:
     // All that it has written so far.
     [[nodiscard]] std::string Text() const;
 
-    // Waits until `part` has been written `times` times in all. False if it is not by then, or the process has
-    // ended without.
+    // Waits until `part` has been written `times` times in all. False if it is not by then, or the process
+    // has ended without.
     [[nodiscard]] bool WaitForText(std::string_view part, int times = 1) const;
 
     // Waits for the end; the exit code, once everything written is in Text(). Nothing if it doesn't end.

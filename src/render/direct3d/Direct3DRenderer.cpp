@@ -26,6 +26,7 @@ bool Direct3DRenderer::Create(std::uint32_t width, std::uint32_t height, platfor
     SetWireframe(false);
     CreateBlendStates();
     LeaveAltEnterToProgram(mParts.device.Get(), handle);
+    if (NeedsWindowCopy(handle)) mWindowCopy.emplace(mParts.device, handle);
     return true;
 }
 
@@ -37,6 +38,7 @@ Direct3DRenderer::~Direct3DRenderer() {
     mColourConstant.Reset();
     mMatrixConstant.Reset();
     ReleaseVertexObjects();
+    mWindowCopy.reset();
     mRenderTarget.Reset();
     mParts.swapChain.Reset();
     mParts.context.Reset();
@@ -68,7 +70,9 @@ void Direct3DRenderer::CreateBlendStates() {
 }
 
 void Direct3DRenderer::Present() {
-    if (mParts.swapChain) mParts.swapChain->Present(0, 0);
+    if (!mParts.swapChain) return;
+    if (mWindowCopy && mWindowCopy->Show(mParts.context.Get(), mParts.swapChain.Get())) return;
+    mParts.swapChain->Present(0, 0);
 }
 
 void Direct3DRenderer::Clear(const float colour[4]) {

@@ -11,9 +11,11 @@
 #include "render/direct3d/DeviceStates.h"
 #include "render/direct3d/Platform.h"
 #include "render/direct3d/SwapChain.h"
+#include "render/direct3d/WindowCopy.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace orvane::render {
 
@@ -82,6 +84,7 @@ private:
     ComPtr<ID3D11Buffer> mMatrixConstant; // the shaders' ctm
     D3D11_RASTERIZER_DESC mRasteriser = SolidRasteriser();
     std::array<ComPtr<ID3D11BlendState>, kBlendStates> mBlendStates; // the opaque one is made but never set
+    std::optional<WindowCopy> mWindowCopy;                           // where Present doesn't reach the window
 };
 
 } // namespace orvane::render

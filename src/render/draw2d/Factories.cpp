@@ -28,7 +28,7 @@ private:
 // The multi-threaded kind of the Direct2D factory: the caption is painted on the main thread, through a
 // surface on its window, while a panel's text is drawn on the service thread, into a bitmap. Each surface is
 // used by one thread at a time, but both come from this one factory, and the single-threaded kind would leave
-// what they share unguarded.
+// what they share unguarded. (DrawingLock does the guarding where the component doesn't.)
 Shared<ID2D1Factory> sSharedDirect2D;
 Shared<IWICImagingFactory> sSharedImaging;
 Shared<IDWriteFactory> sSharedText;
@@ -38,6 +38,14 @@ Shared<IDWriteFactory> sSharedText;
 void ReadyThisThreadForCom() {
     thread_local const HRESULT ready = CoInitialize(nullptr);
     static_cast<void>(ready);
+}
+
+// A reference to the system's fonts that stays. Without it, the last text format to go takes them along and the
+// next one has them listed anew, some 20 ms; and Wine's component hands a thread that asks just then the list
+// that another thread is deleting. A failure costs no more than that.
+void KeepSystemFonts(IDWriteFactory& factory) {
+    static IDWriteFontCollection* sSharedFonts = nullptr;
+    static_cast<void>(factory.GetSystemFontCollection(&sSharedFonts, FALSE));
 }
 
 } // namespace
@@ -56,8 +64,10 @@ IWICImagingFactory* ImagingFactory() {
 
 IDWriteFactory* TextFactory() {
     return sSharedText.Get([](IDWriteFactory** out) {
-        return DWriteCreateFactory(DWRITE_FACTORY_TYPE_SHARED, __uuidof(IDWriteFactory),
-                                   reinterpret_cast<IUnknown**>(out));
+        const HRESULT made = DWriteCreateFactory(DWRITE_FACTORY_TYPE_SHARED, __uuidof(IDWriteFactory),
+                                                 reinterpret_cast<IUnknown**>(out));
+        if (SUCCEEDED(made)) KeepSystemFonts(**out);
+        return made;
     });
 }
 

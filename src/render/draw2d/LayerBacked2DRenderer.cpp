@@ -1,5 +1,6 @@
 #include "render/draw2d/LayerBacked2DRenderer.h"
 
+#include "render/draw2d/DrawingLock.h"
 #include "render/draw2d/Factories.h"
 
 #include <utility>
@@ -10,6 +11,7 @@ using Microsoft::WRL::ComPtr;
 
 SurfaceStatus LayerBacked2DRenderer::InitializeSurface(std::uint32_t width, std::uint32_t height,
                                                        bool alphaOnly) {
+    const DrawingLock lock;
     ReleaseTarget();
     mBitmap.Reset();
     ID2D1Factory* const drawing = Direct2DFactory();

@@ -1,6 +1,7 @@
 #include "render/draw2d/WRenderer2D.h"
 
 #include "render/PackedRows.h"
+#include "render/draw2d/DrawingLock.h"
 #include "render/draw2d/ImageDecoder.h"
 #include "render/draw2d/WBitMap2D.h"
 
@@ -43,6 +44,11 @@ IBitMap2D* Wrapped(ComPtr<ID2D1Bitmap> bitmap) {
 
 } // namespace
 
+WRenderer2D::~WRenderer2D() {
+    const DrawingLock lock;
+    ReleaseTarget();
+}
+
 SurfaceStatus WRenderer2D::TakeTarget(ComPtr<ID2D1RenderTarget> target, std::uint32_t width,
                                       std::uint32_t height) {
     ReleaseTarget();
@@ -69,43 +75,52 @@ void WRenderer2D::ReleaseTarget() {
 void WRenderer2D::Resize(std::uint32_t, std::uint32_t) {}
 
 void WRenderer2D::SetStrokeColor(double red, double green, double blue, double alpha) {
+    const DrawingLock lock;
     if (mTarget && mStrokeBrush) mStrokeBrush->SetColor(Color(red, green, blue, alpha));
 }
 
 void WRenderer2D::SetFillColor(double red, double green, double blue, double alpha) {
+    const DrawingLock lock;
     if (mTarget && mFillBrush) mFillBrush->SetColor(Color(red, green, blue, alpha));
 }
 
 void WRenderer2D::DrawLines(const double segments[], int count, float width) {
     if (!mTarget || !segments || !(width > 0)) return;
+    const DrawingLock lock;
     for (int i = 0; i < count; ++i, segments += 4)
         mTarget->DrawLine({ float(segments[0]), float(segments[1]) },
                           { float(segments[2]), float(segments[3]) }, mStrokeBrush.Get(), width);
 }
 
 void WRenderer2D::StrokeRectangle(const double rect[4]) {
+    const DrawingLock lock;
     if (mTarget) mTarget->DrawRectangle(Rect(rect), mStrokeBrush.Get(), mStrokeWidth);
 }
 
 void WRenderer2D::FillRectangle(const double rect[4]) {
+    const DrawingLock lock;
     if (mTarget) mTarget->FillRectangle(Rect(rect), mFillBrush.Get());
 }
 
 void WRenderer2D::FillEllipse(const double rect[4]) {
+    const DrawingLock lock;
     if (mTarget) mTarget->FillEllipse(EllipseWithin(rect), mFillBrush.Get());
 }
 
 void WRenderer2D::StrokeEllipse(const double rect[4]) {
+    const DrawingLock lock;
     if (mTarget) mTarget->DrawEllipse(EllipseWithin(rect), mStrokeBrush.Get(), mStrokeWidth);
 }
 
 void WRenderer2D::ReadPixels(BitmapProcessingFunctor&) {}
 
 void WRenderer2D::BeginDraw() {
+    const DrawingLock lock;
     if (mTarget) mTarget->BeginDraw();
 }
 
 bool WRenderer2D::EndDraw() {
+    const DrawingLock lock;
     return mTarget && mTarget->EndDraw() == kTargetLost;
 }
 
@@ -115,6 +130,7 @@ void WRenderer2D::DrawText(const char16_t* text, std::uint32_t length, ITextForm
     if (!mTarget || !text || length == 0 || !format) return;
     auto* const native = static_cast<IDWriteTextFormat*>(format->GetNativeFormat());
     if (!native) return;
+    const DrawingLock lock;
     mTarget->DrawText(reinterpret_cast<const wchar_t*>(text), length, native, Rect(rect), mFillBrush.Get());
 }
 
@@ -123,6 +139,7 @@ IBitMap2D* WRenderer2D::CreateBitmapFromPackedRows(const char* const rows[], std
     const std::optional<PackedPicture> picture = DecodePackedRows(rows, rowCount);
     if (!picture) return nullptr;
     ComPtr<ID2D1Bitmap> bitmap;
+    const DrawingLock lock;
     if (FAILED(mTarget->CreateBitmap({ picture->width, picture->height }, picture->bytes.get(),
                                      UINT32(picture->RowBytes()), kPackedPicture, &bitmap)))
         return nullptr;
@@ -132,8 +149,10 @@ IBitMap2D* WRenderer2D::CreateBitmapFromPackedRows(const char* const rows[], std
 IBitMap2D* WRenderer2D::CreateBitmapFromImageData(const void* data, std::uint32_t size) {
     if (!mTarget) return nullptr;
     const ComPtr<IWICBitmapSource> picture = DecodeImage(data, size);
+    if (!picture) return nullptr;
     ComPtr<ID2D1Bitmap> bitmap;
-    if (!picture || FAILED(mTarget->CreateBitmapFromWicBitmap(picture.Get(), &bitmap))) return nullptr;
+    const DrawingLock lock;
+    if (FAILED(mTarget->CreateBitmapFromWicBitmap(picture.Get(), &bitmap))) return nullptr;
     return Wrapped(std::move(bitmap));
 }
 
@@ -142,6 +161,7 @@ void WRenderer2D::DrawBitmap(IBitMap2D* bitmap, float opacity, const double rect
     // A bitmap is good for the canvas that made it, so it is one of ours.
     ID2D1Bitmap* const native = static_cast<WBitMap2D*>(bitmap)->Native();
     if (!native) return;
+    const DrawingLock lock;
     mTarget->DrawBitmap(native, Rect(rect), std::min(opacity, kFullOpacity),
                         D2D1_BITMAP_INTERPOLATION_MODE_LINEAR);
 }

@@ -12,6 +12,7 @@ namespace orvane::render {
 class WRenderer2D : public IRenderer2D {
 public:
     WRenderer2D() = default;
+    ~WRenderer2D() override;
     WRenderer2D(const WRenderer2D&) = delete;
     WRenderer2D& operator=(const WRenderer2D&) = delete;
 
@@ -33,6 +34,8 @@ public:
     void DrawBitmap(IBitMap2D* bitmap, float opacity, const double rect[4]) override;
 
 protected:
+    // Both under the lock of drawing, which the caller holds.
+
     // Takes the target, of that size in pixels, and makes the two brushes on it. On failure (no target, or no
     // brush) the canvas is left without a surface, and the status says which it was.
     SurfaceStatus TakeTarget(Microsoft::WRL::ComPtr<ID2D1RenderTarget> target, std::uint32_t width,

@@ -1,5 +1,6 @@
 #include "render/draw2d/WindowBacked2DRenderer.h"
 
+#include "render/draw2d/DrawingLock.h"
 #include "render/draw2d/Factories.h"
 
 #include <utility>
@@ -10,6 +11,7 @@ using Microsoft::WRL::ComPtr;
 
 SurfaceStatus WindowBacked2DRenderer::InitializeSurface(std::uint32_t width, std::uint32_t height,
                                                         HWND window) {
+    const DrawingLock lock;
     ReleaseTarget();
     mWindowTarget.Reset();
     ID2D1Factory* const factory = Direct2DFactory();
@@ -26,6 +28,7 @@ SurfaceStatus WindowBacked2DRenderer::InitializeSurface(std::uint32_t width, std
 
 void WindowBacked2DRenderer::Resize(std::uint32_t width, std::uint32_t height) {
     if (!mWindowTarget) return;
+    const DrawingLock lock;
     // What a failure leaves undrawn, the next EndDraw reports.
     static_cast<void>(mWindowTarget->Resize({ width, height }));
     mWidth = width;

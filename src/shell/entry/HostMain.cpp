@@ -4,7 +4,7 @@
 #include "shell/entry/CommandLine.h"
 #include "shell/entry/Pump.h"
 #include "shell/server/BuiltIns.h"
-#include "shell/server/PluginPipeServer.h"
+#include "shell/server/OOPWinPipeServer.h"
 #include "shell/windows/WindowClasses.h"
 
 #include <memory>
@@ -32,7 +32,7 @@ int HostMain(HINSTANCE instance) {
     if (WantsConsole(GetCommandLineW())) OpenConsole();
     RegisterWindowClasses(instance);
 
-    auto server = std::make_unique<PluginPipeServer>(LinkedBuiltIns());
+    auto server = std::make_unique<OOPWinPipeServer>(LinkedBuiltIns());
     if (!server->Initialize(1)) return kInitializeFailed;
 
     MakeMessageQueue();
@@ -40,7 +40,11 @@ int HostMain(HINSTANCE instance) {
     server->StartServiceThread();
 
     const HACCEL accelerators = LoadAcceleratorsW(instance, MAKEINTRESOURCEW(kAcceleratorTable));
-    const int exitCode = Pump(*server, accelerators).Run();
+    Pump pump(*server, accelerators);
+    const int exitCode = [&] {
+        const ModalLoopFilter filter(pump, [&server] { return server->HoldsPluginLock(); });
+        return pump.Run();
+    }();
 
     platform::LogLine("Exiting windows message loop\n");
     server->AskServiceThreadToLeave();

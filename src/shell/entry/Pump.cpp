@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace orvane::shell {
 
@@ -51,6 +52,12 @@ constexpr MessageRow kPostedWork[] = {
     { MESSAGE_DEACT_VISUALIZER, [](Server& server, LPARAM) { server.DeactivateVisualizerOnMainThread(); } },
 };
 
+const MessageRow* FindRow(UINT message) {
+    const auto* row = std::find_if(std::begin(kPostedWork), std::end(kPostedWork),
+                                   [&](const MessageRow& candidate) { return candidate.message == message; });
+    return row == std::end(kPostedWork) ? nullptr : row;
+}
+
 } // namespace
 
 int Pump::Run() {
@@ -58,20 +65,60 @@ int Pump::Run() {
     while (const BOOL fetched = GetMessageW(&message, nullptr, 0, 0)) {
         if (fetched == -1) continue; // nothing was fetched
         Handle(message);
+        DoKeptWork();
     }
     return int(message.wParam);
 }
 
 void Pump::Handle(MSG& message) {
-    const auto* row =
-        std::find_if(std::begin(kPostedWork), std::end(kPostedWork),
-                     [&](const MessageRow& candidate) { return candidate.message == message.message; });
-    if (row != std::end(kPostedWork)) {
-        row->handle(mServer, message.lParam);
-    } else if (!TranslateAcceleratorW(message.hwnd, mAccelerators, &message)) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
+    if (HandlePostedWork(message)) return;
+    if (TranslateAcceleratorW(message.hwnd, mAccelerators, &message)) return;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+}
+
+bool Pump::HandlePostedWork(const MSG& message, bool mustWait) {
+    if (!FindRow(message.message)) return false;
+    mKept.push_back(message);
+    if (!mustWait) DoKeptWork();
+    return true;
+}
+
+// Work that a piece of work's own message loop fetches waits for that piece's end: it is left to the loop here.
+void Pump::DoKeptWork() {
+    if (std::exchange(mWorking, true)) return;
+    while (!mKept.empty()) {
+        const MSG message = mKept.front();
+        mKept.pop_front();
+        FindRow(message.message)->handle(mServer, message.lParam);
     }
+    mWorking = false;
+}
+
+namespace {
+
+Pump* sFilteringPump = nullptr;
+std::function<bool()> sMustWait;
+
+LRESULT CALLBACK FilterMessage(int code, WPARAM wParam, LPARAM lParam) {
+    if (code >= 0 && sFilteringPump &&
+        sFilteringPump->HandlePostedWork(*reinterpret_cast<const MSG*>(lParam), sMustWait()))
+        return 1;
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+} // namespace
+
+ModalLoopFilter::ModalLoopFilter(Pump& pump, std::function<bool()> mustWait)
+    : mHook(SetWindowsHookExW(WH_MSGFILTER, &FilterMessage, nullptr, GetCurrentThreadId())) {
+    sFilteringPump = &pump;
+    sMustWait = std::move(mustWait);
+}
+
+ModalLoopFilter::~ModalLoopFilter() {
+    sFilteringPump = nullptr;
+    sMustWait = nullptr;
+    if (mHook) UnhookWindowsHookEx(mHook);
 }
 
 } // namespace orvane::shell

@@ -239,7 +239,16 @@ void PipeServer::StartServiceThread() {
 void PipeServer::AskServiceThreadToLeave() {
     sLeaving = true;
     mCalls.setEvent(mOverlapped.hEvent);
-    if (mThread) WaitForSingleObject(mThread, kLeaveGraceMilliseconds);
+    if (!mThread) return;
+    // The service thread may just be showing or moving a window of this thread, and waits for its answers.
+    const ULONGLONG end = GetTickCount64() + kLeaveGraceMilliseconds;
+    for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
+        if (MsgWaitForMultipleObjects(1, &mThread, FALSE, DWORD(end - now), QS_SENDMESSAGE) !=
+            WAIT_OBJECT_0 + 1)
+            return;
+        MSG message;
+        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    }
 }
 
 } // namespace orvane::shell

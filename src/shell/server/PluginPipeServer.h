@@ -57,6 +57,9 @@ public:
     void SetCurrentPlugin(plugins::VisualPlugIn* plugin);
     void SetCurrentPluginNoLock(plugins::VisualPlugIn* plugin);
 
+    // Whether the calling thread holds mPluginLock: it is then inside a call into a plug-in.
+    [[nodiscard]] bool HoldsPluginLock() const { return mPluginLock.IsHeldByThisThread(); }
+
 protected:
     // Posts a private message to the main thread; on failure prints `failureLine`.
     bool PostToMainThread(UINT message, std::string_view failureLine, LPARAM payload = 0);

@@ -5,9 +5,6 @@
 
 namespace orvane::shell {
 
-constexpr wchar_t kProxyClassName[] = L"ORVANE PROXY";      // the child window in which plug-ins draw
-constexpr wchar_t kTopLevelClassName[] = L"ORVANE OOPWIND"; // the window around it
-
 // Registers both, the proxy's first. A class that can't be registered shows later, when its window can't be
 // made. The atoms are kept for the life of the process.
 void RegisterWindowClasses(HINSTANCE instance);

@@ -9,6 +9,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <cstring>
 #include <functional>
 #include <tuple>

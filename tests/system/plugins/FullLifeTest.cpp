@@ -316,15 +316,12 @@ TEST_F(FullLife, WithNoVisualizerSelectedNoMessageReachesAModule) {
     EXPECT_EQ(Ask("DRAW"), "OK");
     EXPECT_EQ(Ask("IDLE"), "OK");
     EXPECT_EQ(Ask("STOP"), "OK");
-    EXPECT_EQ(QuitAndRead(),
-              Start() +
-                  "PluginPipeServer::StartVisualizerWithTrackParam called\n"
-                  "PluginPipeServer::StartVisualizerWithTrackParam::Current plugin is null. Cannot Start "
-                  "track\n"
-                  "SetArtworkInMainThread : Current plugin is null. Cannot set artwork\n"
-                  "SetArtworkInMainThread : Current plugin is null. Cannot set artwork\n"
-                  "Current plugin is null. Cannot idle\n" +
-                  kExitLine);
+    EXPECT_EQ(QuitAndRead(), Start() +
+                                 "StartVisualizerWithTrackParam::Current plugin is null. Cannot Start track\n"
+                                 "SetArtworkInMainThread : Current plugin is null. Cannot set artwork\n"
+                                 "SetArtworkInMainThread : Current plugin is null. Cannot set artwork\n"
+                                 "Current plugin is null. Cannot idle\n" +
+                                 kExitLine);
     EXPECT_EQ(Messages(), std::vector<std::string>());
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ostream>
 
 namespace orvane::tests {
 
@@ -104,6 +105,10 @@ std::string Replaced(std::string_view text, std::string_view from, std::string_v
 
 std::span<const Outcome> Outcomes() {
     return kOutcomes;
+}
+
+void PrintTo(const Outcome& outcome, std::ostream* to) {
+    *to << outcome.mode;
 }
 
 std::string ReadmeRow(const Outcome& outcome) {

@@ -2,6 +2,7 @@
 // table stands in README.md, row by row, for people.
 #pragma once
 
+#include <iosfwd>
 #include <span>
 #include <string>
 #include <string_view>
@@ -21,6 +22,9 @@ struct Outcome {
 
 // `text` with `to` in the place of each `from`.
 [[nodiscard]] std::string Replaced(std::string_view text, std::string_view from, std::string_view to);
+
+// For GoogleTest, which otherwise shows a row's bytes.
+void PrintTo(const Outcome& outcome, std::ostream* to);
 
 // The row of README.md.
 [[nodiscard]] std::string ReadmeRow(const Outcome& outcome);

@@ -22,6 +22,11 @@ struct NotAModule {
     void (*make)(const fs::path& path);
 };
 
+// For GoogleTest, which otherwise shows the bytes.
+[[maybe_unused]] void PrintTo(const NotAModule& row, std::ostream* to) {
+    *to << row.name;
+}
+
 constexpr NotAModule kNotModules[] = {
     { "an_empty_file", &MakeEmptyFile },
     { "a_text", &MakeTextFile },

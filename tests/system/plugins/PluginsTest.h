@@ -36,6 +36,7 @@ protected:
     // temporary folder, so that the second plug-in folder is there too.
     void ServeHost(Token token = Token::kLimited);
     void ServeTestHost(const std::wstring& arguments = L"", Token token = Token::kLimited);
+    void Serve(std::wstring_view program, Token token, const std::wstring& arguments);
 
     // The player leaves and comes again, `times` times in all.
     void Reconnect(int times = 1);
@@ -64,8 +65,6 @@ protected:
     player::PipeClient mClient;
 
 private:
-    void Serve(std::wstring_view program, Token token, const std::wstring& arguments);
-
     std::filesystem::path mLog;
     WPARAM mFence = 0;
 };

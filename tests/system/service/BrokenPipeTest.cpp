@@ -58,7 +58,7 @@ TEST_F(BrokenPipe, AClientThatLeavesAfterItsReplyAHundredTimes) {
 TEST_F(BrokenPipe, AClientProcessKilledAmidItsRequestsAHundredTimes) {
     for (int i = 0; i < kTimes; ++i) {
         ChildProcess client;
-        ASSERT_TRUE(client.Start(OwnProgram(), kEndlessClientRole));
+        ASSERT_TRUE(client.Start(OwnProgram(), kEndlessClientRole)) << i << ": " << client.Text();
         ASSERT_TRUE(client.WaitForText(kTalking)) << i << ": " << client.Text();
         client.Kill();
     }

@@ -36,25 +36,33 @@ std::vector<ExpectedExchange> ExpectedConversation() {
         { "pulse", Pulse(), nothingToTell, "" },
         { "key input", WireBuilder().Raw("KEYI").U32(0).U32(1).U16('a').Get(), "OK",
           "Current plugin is null. Cannot take key input\n" },
-        { "show window", Tagged("SWND"), "OK", "ShowVisualizerWindow override me\n" },
+        { "show window", Tagged("SWND"), "OK",
+          "OOPWinPipeServer ShowVisualizerWindow (and place on top of Z order)\n" },
         { "show window and select", Selection(), "OK",
-          "ShowVisualizerWindowAndSelectVisualizer override me\n" },
-        { "hide window", Tagged("HWND"), "OK", "HideVisualizerWindow override me\n" },
-        { "enter full screen", Tagged("NTFS"), "OK", "EnterFullscreen override me\n" },
-        { "leave full screen", Tagged("XTFS"), "OK", "ExitFullscreen override me\n" },
-        { "post to console", WireBuilder().Raw("PM2Chello\n").U8(0).Get(), "OK",
-          "PostMessageToConsole override me\n" },
-        { "deactivate", Tagged("DCTV"), "OK", "DeactivateVisualizerOnMainThread override me\n" },
+          "OOPWinPipeServer ShowVisualizerWindowAndSelectVisualizer (and place on top of Z order)\n"
+          "List of plugins is empty at a time when we want to select a visualizer:plugin discovery has not "
+          "completed.\n"
+          "OOPWinPipeServer:Could not find visualizer to activate\n"
+          "SetCurrentPluginNoLock::Setting null plugin to null\n"
+          "StartVisualizerWithTrackParam::Current plugin is null. Cannot Start track\n" },
+        { "hide window", Tagged("HWND"), "OK", "OOPWinPipeServer HideVisualizerWindow\n" },
+        { "enter full screen", Tagged("NTFS"), "OK",
+          "OOPWinPipeServer EnterFullscreen\nOOPWindowProc::WM_SIZE is in full screen\n" },
+        { "leave full screen", Tagged("XTFS"), "OK",
+          "OOPWinPipeServer ExitFullscreen\nOOPWindowProc::WM_SIZE is NOT in full screen\n" },
+        { "post to console", WireBuilder().Raw("PM2Chello\n").U8(0).Get(), "OK", "hello\n" },
+        { "deactivate", Tagged("DCTV"), "OK", "" },
         { "start", WireBuilder().Raw("STRT").Raw(AsText(SampleTrackBlock())).Get(), "Start",
-          "PluginPipeServer::StartVisualizerWithTrackParam called\n"
-          "PluginPipeServer::StartVisualizerWithTrackParam::Current plugin is null. Cannot Start track\n" },
+          "StartVisualizerWithTrackParam::Current plugin is null. Cannot Start track\n" },
         { "draw", Tagged("DRAW"), "OK", "" },
         { "idle", Tagged("IDLE"), "OK", "Current plugin is null. Cannot idle\n" },
         { "stop", Tagged("STOP"), "OK", "" },
         { "move", Tagged("MOVW"), "OK", "MoveVisualizer override me\n" },
         { "reshape", WireBuilder().Raw("RSHP").U32(0).U32(0).U32(640).U32(480).Get(), "OK", "" },
-        { "activate", WireBuilder().Raw("ACTV").String(u"Nobody's Visualizer").Get(), "OK",
-          "ActivateVisualizer override me\n" },
+        { "activate", WireBuilder().Raw("ACTV").String(u"Nobody's Visualizer").Get(), "FAIL",
+          "OOPWinPipeServer::ActivateVisualizer called\n"
+          "OOPWinPipeServer::Could not find visualizer to activate\n"
+          "SetCurrentPlugin::Setting null plugin to null\n" },
         { "no artwork", Tagged("NOAR"), "OK", noArtwork },
         { "artwork of format 13", WireBuilder().Raw("AR13").Zeros(100).Get(), "OK", noArtwork },
         { "artwork of format 14", WireBuilder().Raw("AR14").Zeros(100).Get(), "OK", noArtwork },

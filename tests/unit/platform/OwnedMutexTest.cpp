@@ -21,6 +21,19 @@ TEST(OwnedMutex, LockedTwiceInOneThreadItRaisesAndStaysUsable) {
     EXPECT_NO_THROW({ const OwnedLock lock(mutex); });
 }
 
+TEST(OwnedMutex, KnowsWhetherThisThreadHoldsIt) {
+    OwnedMutex mutex;
+    EXPECT_FALSE(mutex.IsHeldByThisThread());
+    {
+        const OwnedLock lock(mutex);
+        EXPECT_TRUE(mutex.IsHeldByThisThread());
+        bool heldThere = true;
+        std::thread([&] { heldThere = mutex.IsHeldByThisThread(); }).join();
+        EXPECT_FALSE(heldThere);
+    }
+    EXPECT_FALSE(mutex.IsHeldByThisThread());
+}
+
 TEST(OwnedMutex, TwoThreadsTakeTurns) {
     OwnedMutex mutex;
     int count = 0;

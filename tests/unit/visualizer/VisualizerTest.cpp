@@ -111,12 +111,12 @@ TEST(Visualizer, APulseLongerThan2050BytesIsCutAt2050) {
     TestVisualizer v(0);
     const std::vector<std::uint8_t> data(3000, 3);
     v.mAudioValid = false;
-    v.mQuadBufferId = 77;
     v.StorePulse(data.data(), data.size(), 1, 2);
     EXPECT_EQ(v.mAudio.spectrum[1][511], 3);
     EXPECT_TRUE(v.mAudioValid);
     EXPECT_EQ(v.mPulseStamp, 1u) << "stored, and not overwritten by what lies behind 2050 bytes";
     EXPECT_EQ(v.mPulsePosition, 2u);
+    EXPECT_EQ(v.mStartTime, 0.0);
 }
 
 TEST(Visualizer, AShortPulseReplacesTheFrontOfTheAudioBlock) {

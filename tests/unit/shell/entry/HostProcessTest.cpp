@@ -85,14 +85,28 @@ private:
     HANDLE mPipe;
 };
 
-// Follows a debugged host until it ends or, if `firstIsEnough`, starts a thread. How many threads it started.
+// Whether code at that address belongs to the program that was loaded at `base`, and not to a library.
+bool IsOfProgram(HANDLE process, const void* address, const void* base) {
+    MEMORY_BASIC_INFORMATION memory = {};
+    return VirtualQueryEx(process, address, &memory, sizeof(memory)) && memory.AllocationBase == base;
+}
+
+// Follows a debugged host until it ends or, if `firstIsEnough`, starts a thread. How many threads of its
+// own code it started; graphics libraries start others.
 int ThreadsStarted(HostProcess& host, bool firstIsEnough) {
     int threads = 0;
+    HANDLE process = nullptr;
+    const void* base = nullptr;
     DEBUG_EVENT event = {};
     while (WaitForDebugEvent(&event, kPatienceMilliseconds)) {
-        if (event.dwDebugEventCode == CREATE_THREAD_DEBUG_EVENT) ++threads;
-        if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT)
+        if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT) {
+            process = event.u.CreateProcessInfo.hProcess;
+            base = event.u.CreateProcessInfo.lpBaseOfImage;
             CloseHandle(event.u.CreateProcessInfo.hFile);
+        }
+        if (event.dwDebugEventCode == CREATE_THREAD_DEBUG_EVENT &&
+            IsOfProgram(process, reinterpret_cast<const void*>(event.u.CreateThread.lpStartAddress), base))
+            ++threads;
         if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT) CloseHandle(event.u.LoadDll.hFile);
         if (firstIsEnough && threads == 1) host.Terminate();
         ContinueDebugEvent(event.dwProcessId, event.dwThreadId, DBG_CONTINUE);

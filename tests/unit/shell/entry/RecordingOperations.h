@@ -4,6 +4,7 @@
 #include "shell/dispatch/RequestOperations.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,7 +19,10 @@ public:
 
     void StartVisualizerWithTrackParam() override { Record("start"); }
 
-    void DrawVisualizerInMainThread() override { Record("draw"); }
+    void DrawVisualizerInMainThread() override {
+        Record("draw");
+        if (mOnDraw) mOnDraw();
+    }
 
     void StopVisualizerInMainThread() override { Record("stop"); }
 
@@ -40,6 +44,7 @@ public:
 
     using Calls = std::vector<std::string>;
     Calls mCalls;
+    std::function<void()> mOnDraw; // what a draw does besides
 
 private:
     bool Record(std::string call) {

@@ -1,5 +1,6 @@
 #include "shell/windows/WindowClasses.h"
 
+#include "shell/server/WindowClassNames.h"
 #include "shell/windows/WindowProcedures.h"
 
 #include <gtest/gtest.h>
