@@ -1,7 +1,6 @@
 // The songs to be played, one after the other.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <utility>
