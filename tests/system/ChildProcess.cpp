@@ -101,7 +101,8 @@ bool ChildProcess::TakeWhatIsThere() {
 
 bool ChildProcess::Type(std::string_view text) const {
     DWORD written = 0;
-    return WriteFile(mInput.get(), text.data(), DWORD(text.size()), &written, nullptr) && written == text.size();
+    return WriteFile(mInput.get(), text.data(), DWORD(text.size()), &written, nullptr) &&
+           written == text.size();
 }
 
 std::string ChildProcess::Text() const {

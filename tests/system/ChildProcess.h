@@ -24,7 +24,7 @@ struct StartOptions {
     DWORD flags = 0;      // of process creation
     bool limited = false; // with the limited token of LimitedToken.h
     std::vector<std::pair<std::wstring, std::wstring>> variables = {}; // of its environment: name, value
-    bool input = false;   // its standard input is what Type() is given; else there is none
+    bool input = false; // its standard input is what Type() is given; else there is none
 };
 
 class ChildProcess {

@@ -45,8 +45,11 @@ protected:
         return CallsOf(ReadModuleLog(mLog), ModuleCall::Kind::Handler, message).size();
     }
 
+    // The first pulses may overtake the visualizer's activation: that is waited for too.
     void WaitForPulses(std::size_t count) {
-        ASSERT_TRUE(WaitUntil([&] { return Calls(ORVANE_MSG_PULSE) >= count; })) << mPlayer.Text();
+        ASSERT_TRUE(WaitUntil([&] {
+            return Calls(ORVANE_MSG_ACTIVATE) >= 1 && Calls(ORVANE_MSG_PULSE) >= count;
+        })) << mPlayer.Text();
     }
 
     // It ends well, having said these lines and its summary.
