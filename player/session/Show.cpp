@@ -22,7 +22,8 @@ Show::Show(const PlayOptions& options, IHost& host, IConsole& console, ISessionC
     , mHost(host)
     , mConsole(console)
     , mClock(clock)
-    , mLink(host) {}
+    , mLink(host)
+    , mFillsScreen(options.fullScreen) {}
 
 bool Show::Fail(ExitCode code, std::string_view line) {
     mConsole.Complain(line);
@@ -47,12 +48,15 @@ bool Show::Choose(std::string_view wish) {
 
 bool Show::Present(ShownTrack track) {
     mTrack = std::move(track);
-    if (mIsUp) return TellTrack();
+    return mIsUp ? TellTrack() : BringUp();
+}
+
+bool Show::BringUp() {
     if (!ShowAll()) return false;
     mIsUp = true;
     if (mOptions.monitor != 0 && !mHost.MoveToMonitor(mOptions.monitor))
         mConsole.Complain(messages::NoSuchMonitor(mOptions.monitor));
-    return !mOptions.fullScreen || Settle(mLink.FillScreen(true));
+    return !mFillsScreen || Settle(mLink.FillScreen(true));
 }
 
 // The visualizer goes up with the track; the artwork comes after it, because it goes to whoever is up by then.
@@ -79,7 +83,8 @@ bool Show::NextVisualizer() {
 }
 
 bool Show::ToggleFullScreen() {
-    return Settle(mLink.FillScreen(!mHost.IsFullScreen()));
+    mFillsScreen = !mHost.IsFullScreen();
+    return Settle(mLink.FillScreen(mFillsScreen));
 }
 
 bool Show::LookAfter() {
@@ -115,7 +120,7 @@ bool Show::StartAgain() {
         return Fail(ExitCodeOf(opening), ExplainOpening(opening));
     if (!Choose(platform::Utf8FromUtf16(mVisualizer)) && !Choose({}))
         return Fail(kExitUsage, messages::kNoVisualizers);
-    return ShowAll();
+    return BringUp();
 }
 
 // A host that is busy for too long isn't told: it is going in any case.

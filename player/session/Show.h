@@ -62,6 +62,7 @@ public:
 
 private:
     [[nodiscard]] bool Choose(std::string_view wish);
+    [[nodiscard]] bool BringUp();
     [[nodiscard]] bool ShowAll();
     [[nodiscard]] bool TellTrack();
     [[nodiscard]] bool Settle(const Outcome& outcome);
@@ -76,6 +77,7 @@ private:
     std::u16string mVisualizer; // the current one's name
     ShownTrack mTrack;
     bool mIsUp = false; // the window has been shown
+    bool mFillsScreen;  // as it was asked for last
     bool mRestarted = false;
     std::uint64_t mFrames = 0;
     std::uint32_t mStamp = 0; // of the last pulse

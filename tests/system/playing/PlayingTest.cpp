@@ -11,13 +11,27 @@ namespace orvane::tests {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+// A process that has just ended may hold on to its files for a moment.
+bool Remove(const fs::path& folder) {
+    return WaitUntil([&] {
+        std::error_code ignored;
+        fs::remove_all(folder, ignored);
+        return !fs::exists(folder, ignored);
+    });
+}
+
+} // namespace
+
+// What a test run that was killed left behind goes first.
 PlayingTest::PlayingTest() {
+    EXPECT_TRUE(Remove(mFolder));
     fs::create_directories(mFolder);
 }
 
 PlayingTest::~PlayingTest() {
-    std::error_code ignored;
-    fs::remove_all(mFolder, ignored);
+    EXPECT_TRUE(Remove(mFolder));
 }
 
 fs::path PlayingTest::WriteTone(const std::string& name, double seconds) const {

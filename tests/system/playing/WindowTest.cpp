@@ -33,6 +33,15 @@ protected:
         (void)CopyProgram(L"orvane-visualizer.exe", "orvane-visualizer.exe");
     }
 
+    // A test that failed leaves no host to the next.
+    ~WindowTest() override {
+        mPlayer.Kill();
+        DWORD id = 0;
+        if (!GetWindowThreadProcessId(HostWindow(), &id)) return;
+        const auto host = player::Adopt(OpenProcess(PROCESS_TERMINATE, FALSE, id));
+        if (host) TerminateProcess(host.get(), 1);
+    }
+
     void Start(const std::wstring& arguments) {
         const StartOptions options{ .variables = { { L"ORVANE_MODULE_LOG", mLog.wstring() } },
                                     .input = true };

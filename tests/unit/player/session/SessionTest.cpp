@@ -404,6 +404,18 @@ TEST_F(SessionTest, StartsAHostThatIsGoneAgainOnce) {
     EXPECT_NEAR(double(mHost.mPulses.size()), 180, 3);
 }
 
+TEST_F(SessionTest, BringsTheWindowUpAgainAsItWas) {
+    mOptions.songs = { "c" };
+    mOptions.seconds = 3;
+    mOptions.monitor = 1;
+    Press(0.5, 'f');
+    mHost.mGoneAt = kBegin + 1;
+    EXPECT_EQ(Run(), kExitOk);
+    EXPECT_EQ(mHost.mTags, (Lines{ "(open)", "UPVM", "(forward)", "SWSV", "NOAR", "(monitor 1)", "NTFS",
+                                   "(discard)", "(open)", "UPVM", "(forward)", "SWSV", "NOAR", "(monitor 1)",
+                                   "NTFS", "STOP", "HWND", "(close)" }));
+}
+
 TEST_F(SessionTest, GivesUpWhenTheHostIsGoneASecondTime) {
     mOptions.songs = { "c" };
     mHost.mGoneAt = kBegin + 1;
