@@ -1,7 +1,9 @@
-// The stand-in player's console program: one request, or a conversation from a script.
+// The stand-in player's console program: music with a picture, one request, or a conversation from a script.
 #include "platform/Text.h"
 #include "player/client/PipeClient.h"
 #include "player/console/Conversation.h"
+#include "player/playing/Play.h"
+#include "player/session/PlayOptions.h"
 
 #include <CLI/CLI.hpp>
 
@@ -86,10 +88,18 @@ std::vector<std::string> ReversedArguments(int count, wchar_t** arguments) {
 }
 
 int Main(int count, wchar_t** arguments) {
-    CLI::App app("Talks to the Orvane visualizer host over its pipe, as a media player does.");
+    CLI::App app("Plays music and has the Orvane visualizer host show it.");
     app.name("orvane-player");
-    app.require_subcommand(1);
+    app.footer(
+        "Keys: space pauses, the arrows seek, n and p change the track, v the visualizer, f fills the "
+        "screen, "
+        "q ends.\nIn the visualizer's window: space, v, comma and point for the tracks, [ and ] to seek, Esc "
+        "ends.");
+    app.require_subcommand(0, 1);
     app.allow_windows_style_options(false); // a word that begins with a slash may be a file's name
+
+    PlayOptions playOptions;
+    AddPlayOptions(app, playOptions);
 
     RequestArguments requestArguments;
     auto* request = app.add_subcommand("request", "send one request and print the reply");
@@ -104,10 +114,14 @@ int Main(int count, wchar_t** arguments) {
     auto reversed = ReversedArguments(count, arguments);
     try {
         app.parse(reversed);
+    } catch (const CLI::Success& wish) { // help was asked for
+        return app.exit(wish) == 0 ? kExitOk : kExitUsage;
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? kExitOk : kExitUsage;
+        std::cerr << error.what() << ". See orvane-player --help.\n";
+        return kExitUsage;
     }
-    return request->parsed() ? SendRequest(requestArguments) : PlayScriptFile(script);
+    if (request->parsed()) return SendRequest(requestArguments);
+    return converse->parsed() ? PlayScriptFile(script) : Play(playOptions);
 }
 
 } // namespace

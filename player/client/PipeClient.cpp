@@ -100,6 +100,11 @@ Outcome PipeClient::Connect(Milliseconds timeout, const wchar_t* pipeName) {
     return FromError(error);
 }
 
+DWORD PipeClient::ServerProcessId() const {
+    ULONG id = 0;
+    return mPipe && GetNamedPipeServerProcessId(mPipe.get(), &id) ? DWORD(id) : 0;
+}
+
 Outcome PipeClient::Send(std::span<const std::uint8_t> request, Milliseconds timeout) {
     if (!mPipe) return { Failure::kConnectionLost, ERROR_PIPE_NOT_CONNECTED };
     OVERLAPPED overlapped = {};

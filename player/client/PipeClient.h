@@ -26,6 +26,9 @@ public:
 
     [[nodiscard]] bool IsConnected() const { return mPipe != nullptr; }
 
+    // Who made the pipe: the process's identifier, 0 if the system doesn't tell.
+    [[nodiscard]] DWORD ServerProcessId() const;
+
     // Sends a request as one message; an empty one makes an empty message.
     [[nodiscard]] Outcome Send(std::span<const std::uint8_t> request, Milliseconds timeout);
 

@@ -43,9 +43,17 @@ bool ChildProcess::Start(const std::wstring& program, const std::wstring& argume
     const player::UniqueHandle childsEnd = player::Adopt(writeEnd);
     SetHandleInformation(writeEnd, HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
 
+    HANDLE inputEnd = nullptr;
+    HANDLE typingEnd = nullptr;
+    if (options.input && !CreatePipe(&inputEnd, &typingEnd, nullptr, 0)) return false;
+    const player::UniqueHandle childsInput = player::Adopt(inputEnd);
+    mInput = player::Adopt(typingEnd);
+    if (inputEnd) SetHandleInformation(inputEnd, HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
+
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = inputEnd;
     startup.hStdOutput = writeEnd;
     startup.hStdError = writeEnd;
     std::wstring commandLine = L"\"" + program + L"\" " + arguments;
@@ -89,6 +97,11 @@ bool ChildProcess::TakeWhatIsThere() {
     const std::lock_guard lock(mTextMutex);
     mText.append(piece, 0, taken);
     return true;
+}
+
+bool ChildProcess::Type(std::string_view text) const {
+    DWORD written = 0;
+    return WriteFile(mInput.get(), text.data(), DWORD(text.size()), &written, nullptr) && written == text.size();
 }
 
 std::string ChildProcess::Text() const {

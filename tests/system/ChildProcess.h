@@ -24,6 +24,7 @@ struct StartOptions {
     DWORD flags = 0;      // of process creation
     bool limited = false; // with the limited token of LimitedToken.h
     std::vector<std::pair<std::wstring, std::wstring>> variables = {}; // of its environment: name, value
+    bool input = false;   // its standard input is what Type() is given; else there is none
 };
 
 class ChildProcess {
@@ -39,6 +40,9 @@ public:
     // If the system refuses, Text() is its error.
     [[nodiscard]] bool Start(const std::wstring& program, const std::wstring& arguments,
                              const StartOptions& options = {});
+
+    // Puts text into its standard input, which must have been asked for. False if it has gone.
+    [[nodiscard]] bool Type(std::string_view text) const;
 
     // All that it has written so far.
     [[nodiscard]] std::string Text() const;
@@ -67,6 +71,7 @@ private:
 
     player::UniqueHandle mProcess;
     player::UniqueHandle mOutput; // our end of the pipe that it writes into
+    player::UniqueHandle mInput;  // our end of the one that it reads from, if any
     DWORD mId = 0;
     DWORD mMainThreadId = 0;
     mutable std::mutex mTextMutex;

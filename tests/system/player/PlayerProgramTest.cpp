@@ -75,7 +75,7 @@ TEST(PlayerProgram, TellsThatAnotherPlayerIsServed) {
 }
 
 TEST(PlayerProgram, RefusesArgumentsThatMakeNoSense) {
-    for (const auto arguments : { L"", L"request", L"nonsense", L"request DRAW --hex 0",
+    for (const auto arguments : { L"--nonsense", L"request", L"nonsense", L"request DRAW --hex 0",
                                   L"converse no-such-script.txt", L"request DRAW --text a --hex 00" }) {
         const Finished player = RunPlayer(arguments);
         EXPECT_EQ(player.exitCode, 1) << player.text;

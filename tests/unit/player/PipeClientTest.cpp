@@ -80,6 +80,14 @@ TEST_F(PipeClientTest, WaitsForAHostThatIsStillToCome) {
     host.join();
 }
 
+TEST_F(PipeClientTest, TellsWhoMadeThePipe) {
+    EXPECT_EQ(mClient.ServerProcessId(), 0u);
+    ASSERT_NO_FATAL_FAILURE(MakePipeWithClient());
+    EXPECT_EQ(mClient.ServerProcessId(), GetCurrentProcessId());
+    mClient.Disconnect();
+    EXPECT_EQ(mClient.ServerProcessId(), 0u);
+}
+
 TEST_F(PipeClientTest, AnotherPlayerOnThePipeIsToldWhenTheTimeIsOver) {
     ASSERT_NO_FATAL_FAILURE(MakePipeWithClient());
     PipeClient second;
