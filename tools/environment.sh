@@ -31,6 +31,8 @@ need_packages() {
 build_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix libcli11-dev libeigen3-dev googletest)
 bench_packages=(python3 libbenchmark-dev libicu-dev libpcre2-dev libcairo2-dev libopencv-imgproc-dev pkg-config libfftw3-dev)
 wine_packages=(wine wine64 fonts-wine fonts-liberation libgl1-mesa-dri xvfb)
+sound_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good) # what Wine decodes music with
+film_packages=(ffmpeg imagemagick)
 
 # Configures and builds a preset in silence, or shows what went wrong.
 build_preset() {
@@ -53,11 +55,11 @@ trap end_environment EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-# A virtual display of its own, at a number that is free.
-start_virtual_display() {
+# A virtual display of its own, of that size, at a number that is free.
+start_virtual_display() { # [WIDTHxHEIGHT]
   local number_file
   number_file=$(mktemp)
-  Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
+  Xvfb -displayfd 3 -screen 0 "${1-1920x1080}x24" -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
   display_process=$!
   local tries
   for ((tries = 0; tries < 200; ++tries)); do
@@ -96,4 +98,19 @@ start_wine() {
 # hold on to the output of the test that happens to start it, and that test would seem to run for minutes.
 keep_desktop() {
   wine winver >/dev/null 2>&1 </dev/null &
+}
+
+# Waits until the virtual display shows a picture below the window's caption; fails if none comes.
+wait_for_picture() {
+  local tries colours
+  for ((tries = 0; tries < 240; ++tries)); do
+    colours=$(import -window root -crop 900x700+50+60 +repage -format %k info: 2>/dev/null || echo 1)
+    [ "$colours" -gt 8 ] && return
+    sleep 0.25
+  done
+  return 1
+}
+
+film() { # FILE SECONDS: what the virtual display shows
+  ffmpeg -y -loglevel error -f x11grab -draw_mouse 0 -framerate 30 -t "$2" -i "$DISPLAY" -pix_fmt yuv420p -crf 20 "$1" </dev/null
 }
