@@ -56,7 +56,7 @@ void PluginsTest::Serve(std::wstring_view program, Token token, const std::wstri
 }
 
 void PluginsTest::ServeHost(Token token) {
-    Serve(L"orvane-visualizer.exe", token, L"");
+    Serve(L"orvane-visualizer-bare.exe", token, L"");
 }
 
 void PluginsTest::ServeTestHost(const std::wstring& arguments, Token token) {

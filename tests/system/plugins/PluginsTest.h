@@ -32,7 +32,7 @@ protected:
 
     void SetUp() override;
 
-    // Starts the real host, or the test host (host/TestHost.h), and a player on it. Each is a copy in the
+    // Starts the real host but for its built-ins, or the test host (host/TestHost.h), and a player on it. Each is a copy in the
     // temporary folder, so that the second plug-in folder is there too.
     void ServeHost(Token token = Token::kLimited);
     void ServeTestHost(const std::wstring& arguments = L"", Token token = Token::kLimited);

@@ -24,15 +24,42 @@ Bytes Selection() {
         .Get();
 }
 
+void PutBigEndian(std::string& out, std::uint32_t value, int bytes) {
+    for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8) out += char(std::uint8_t(value >> shift));
+}
+
+void PutText(std::string& out, std::string_view ascii) {
+    PutBigEndian(out, std::uint32_t(ascii.size()), 2);
+    for (const char c : ascii) PutBigEndian(out, std::uint8_t(c), 2);
+}
+
+// The list: the product's one built-in, once for each time that the host has prepared itself for a client.
+std::string ListOfBuiltIns(int preparations, std::string_view title) {
+    constexpr std::uint32_t kRate = 60, kKindOfZ = 1;
+    std::string list;
+    PutBigEndian(list, std::uint32_t(preparations), 4);
+    for (int i = 0; i < preparations; ++i) {
+        PutBigEndian(list, 0, 4);
+        PutBigEndian(list, 0, 4); // options
+        PutBigEndian(list, kRate, 4);
+        for (int word = 0; word < 6; ++word) PutBigEndian(list, 0, 4); // two words, four limits
+        PutBigEndian(list, kKindOfZ, 4);
+        PutBigEndian(list, 0, 4); // four bytes
+        PutText(list, title);
+        PutText(list, "Built-In");
+    }
+    return list;
+}
+
 } // namespace
 
-std::vector<ExpectedExchange> ExpectedConversation() {
+std::vector<ExpectedExchange> ExpectedConversation(int preparations) {
     const std::string nothingToTell(4, '\0');
-    const std::string emptyList(4, '\0');
     const std::string noArtwork = "SetArtworkInMainThread : Current plugin is null. Cannot set artwork\n";
     return {
         // name, request, reply, console
-        { "localized strings", WireBuilder().Raw("UPVMZ").U8(1).Raw("<Title><>").Get(), emptyList, "" },
+        { "localized strings", WireBuilder().Raw("UPVMZ").U8(1).Raw("<Title><>").Get(),
+          ListOfBuiltIns(preparations, "Title"), "" },
         { "pulse", Pulse(), nothingToTell, "" },
         { "key input", WireBuilder().Raw("KEYI").U32(0).U32(1).U16('a').Get(), "OK",
           "Current plugin is null. Cannot take key input\n" },
@@ -40,8 +67,7 @@ std::vector<ExpectedExchange> ExpectedConversation() {
           "OOPWinPipeServer ShowVisualizerWindow (and place on top of Z order)\n" },
         { "show window and select", Selection(), "OK",
           "OOPWinPipeServer ShowVisualizerWindowAndSelectVisualizer (and place on top of Z order)\n"
-          "List of plugins is empty at a time when we want to select a visualizer:plugin discovery has not "
-          "completed.\n"
+          "NameIs: inNameLength(19) != mName[0] (25)\n" // of "Orvane Classic Visualizer"
           "OOPWinPipeServer:Could not find visualizer to activate\n"
           "SetCurrentPluginNoLock::Setting null plugin to null\n"
           "StartVisualizerWithTrackParam::Current plugin is null. Cannot Start track\n" },
@@ -61,6 +87,7 @@ std::vector<ExpectedExchange> ExpectedConversation() {
         { "reshape", WireBuilder().Raw("RSHP").U32(0).U32(0).U32(640).U32(480).Get(), "OK", "" },
         { "activate", WireBuilder().Raw("ACTV").String(u"Nobody's Visualizer").Get(), "FAIL",
           "OOPWinPipeServer::ActivateVisualizer called\n"
+          "NameIs: inNameLength(19) != mName[0] (25)\n"
           "OOPWinPipeServer::Could not find visualizer to activate\n"
           "SetCurrentPlugin::Setting null plugin to null\n" },
         { "no artwork", Tagged("NOAR"), "OK", noArtwork },
@@ -78,7 +105,7 @@ std::vector<ExpectedExchange> ExpectedConversation() {
 }
 
 std::string ExpectedReply(std::string_view tag) {
-    for (const auto& exchange : ExpectedConversation())
+    for (const auto& exchange : ExpectedConversation(1))
         if (AsText(exchange.request).starts_with(tag)) return exchange.reply.value_or("");
     return {};
 }

@@ -18,8 +18,9 @@ struct ExpectedExchange {
     std::string console; // written by the time the next request is due; some of it comes from posted work
 };
 
-// A request of each tag, an unknown tag and requests too short for a tag, in the order of a conversation.
-[[nodiscard]] std::vector<ExpectedExchange> ExpectedConversation();
+// A request of each tag, an unknown tag and requests too short for a tag, in the order of a conversation, with a
+// host that has prepared itself for a client that many times: its list holds the built-ins of each time.
+[[nodiscard]] std::vector<ExpectedExchange> ExpectedConversation(int preparations = 1);
 
 // The reply to requests of that tag.
 [[nodiscard]] std::string ExpectedReply(std::string_view tag);

@@ -23,9 +23,9 @@ bool IsLong() {
     return wish && std::string_view(wish) == "1";
 }
 
-// Sends all requests that have replies, over and over, `count` in all.
-void Talk(PipeClient& client, int count) {
-    const auto conversation = ExpectedConversation();
+// Sends all requests that have replies, over and over, `count` in all, as the host's client of that number.
+void Talk(PipeClient& client, int count, int clientNumber = 1) {
+    const auto conversation = ExpectedConversation(clientNumber);
     for (std::size_t i = 0; count > 0; ++i) {
         const auto& exchange = conversation[i % conversation.size()];
         if (!exchange.reply) continue;
@@ -64,7 +64,7 @@ TEST(Soak, HundredsOfClientsLeaveNoHandleBehind) {
     const int warmUp = 20;
     for (int i = 0; i < warmUp + clients; ++i) {
         PipeClient client = ConnectToHost();
-        ASSERT_NO_FATAL_FAILURE(Talk(client, 3));
+        ASSERT_NO_FATAL_FAILURE(Talk(client, 3, i + 1));
         if (i == warmUp) handles = host.OpenHandles(); // with a client connected, now and at the end
         if (i == warmUp) Report("before", host);
         if (i == warmUp + clients - 1) {
