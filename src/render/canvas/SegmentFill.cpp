@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace orvane::render {
 
@@ -23,7 +24,15 @@ float Steepness(double down, double across) {
     return float(std::min(std::abs(down / across), kMostSteepness));
 }
 
-SegmentEdges MakeEdges(const SegmentCorners& segment, double originX, double originY) {
+// Written at once, as it will be read: a vector read right after its numbers were written one by one waits until
+// all of them have reached the cache.
+void Put(float (&field)[SegmentEdges::kCount], float left, float right, float upper, float lower) {
+    using Four [[gnu::vector_size(sizeof field)]] = float;
+    const Four numbers = { left, right, upper, lower };
+    std::memcpy(field, &numbers, sizeof field);
+}
+
+void MakeEdges(const SegmentCorners& segment, double originX, double originY, SegmentEdges& edges) {
     float x[4], y[4];
     for (int i = 0; i < 4; ++i) {
         x[i] = float(segment.corner[i].x - originX);
@@ -32,21 +41,21 @@ SegmentEdges MakeEdges(const SegmentCorners& segment, double originX, double ori
     // The ends run at right angles to the long edges. The slopes come from the segment itself, since a very
     // short one may have lost its length in single precision.
     const float slope = Slope(segment.across, segment.down);
-    const float endSlope = Slope(-segment.down, segment.across);
     const float steepness = Steepness(segment.down, segment.across);
-    const float endSteepness = Steepness(segment.across, segment.down);
+    const float endSlope = segment.across < 0 ? steepness : -steepness;
+    const float run = std::abs(slope); // also the ends' steepness, as the steepness is their run
     // Leaning to the right, the upper end's edge goes down to the left and so bounds the shape on the left.
     const bool right = segment.across > 0;
     const int a = right ? 1 : 0, b = right ? 0 : 1; // upper end: its upper and its lower corner
     const int c = right ? 2 : 3, d = right ? 3 : 2; // lower end: likewise
     const float endSign = right ? -1.0f : 1.0f;
-    return { { y[0], y[1], y[a], y[c] },
-             { y[3], y[2], y[b], y[d] },
-             { x[0], x[1], x[a], x[c] },
-             { slope, slope, endSlope, endSlope },
-             { std::abs(slope), std::abs(slope), std::abs(endSlope), std::abs(endSlope) },
-             { steepness, steepness, endSteepness, endSteepness },
-             { -1, 1, endSign, -endSign } };
+    Put(edges.top, y[0], y[1], y[a], y[c]);
+    Put(edges.bottom, y[3], y[2], y[b], y[d]);
+    Put(edges.x, x[0], x[1], x[a], x[c]);
+    Put(edges.slope, slope, slope, endSlope, endSlope);
+    Put(edges.run, run, run, steepness, steepness);
+    Put(edges.steepness, steepness, steepness, run, run);
+    Put(edges.sign, -1, 1, endSign, -endSign);
 }
 
 } // namespace
@@ -85,7 +94,9 @@ SegmentRows MakeSegmentRows(const SegmentCorners& segment, const CoverageSurface
     const double top = std::floor(box.top);
     const int firstRow = std::max(int(top), 0);
     const int lastRow = std::min(int(std::ceil(box.bottom)), surface.height);
-    return { MakeEdges(segment, left, top), surface, int(left), int(top), firstRow, lastRow, opacity255 };
+    SegmentRows rows = { {}, surface, int(left), int(top), firstRow, lastRow, opacity255 };
+    MakeEdges(segment, left, top, rows.edges);
+    return rows;
 }
 
 } // namespace orvane::render
