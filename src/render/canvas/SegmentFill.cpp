@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 namespace orvane::render {
 
@@ -24,15 +23,7 @@ float Steepness(double down, double across) {
     return float(std::min(std::abs(down / across), kMostSteepness));
 }
 
-// Written at once, as it will be read: a vector read right after its numbers were written one by one waits until
-// all of them have reached the cache.
-void Put(float (&field)[SegmentEdges::kCount], float left, float right, float upper, float lower) {
-    using Four [[gnu::vector_size(sizeof field)]] = float;
-    const Four numbers = { left, right, upper, lower };
-    std::memcpy(field, &numbers, sizeof field);
-}
-
-void MakeEdges(const SegmentCorners& segment, double originX, double originY, SegmentEdges& edges) {
+SegmentEdges MakeEdges(const SegmentCorners& segment, double originX, double originY) {
     float x[4], y[4];
     for (int i = 0; i < 4; ++i) {
         x[i] = float(segment.corner[i].x - originX);
@@ -49,13 +40,10 @@ void MakeEdges(const SegmentCorners& segment, double originX, double originY, Se
     const int a = right ? 1 : 0, b = right ? 0 : 1; // upper end: its upper and its lower corner
     const int c = right ? 2 : 3, d = right ? 3 : 2; // lower end: likewise
     const float endSign = right ? -1.0f : 1.0f;
-    Put(edges.top, y[0], y[1], y[a], y[c]);
-    Put(edges.bottom, y[3], y[2], y[b], y[d]);
-    Put(edges.x, x[0], x[1], x[a], x[c]);
-    Put(edges.slope, slope, slope, endSlope, endSlope);
-    Put(edges.run, run, run, steepness, steepness);
-    Put(edges.steepness, steepness, steepness, run, run);
-    Put(edges.sign, -1, 1, endSign, -endSign);
+    return { { y[0], y[1], y[a], y[c] },         { y[3], y[2], y[b], y[d] },
+             { x[0], x[1], x[a], x[c] },         { slope, slope, endSlope, endSlope },
+             { run, run, steepness, steepness }, { steepness, steepness, run, run },
+             { -1, 1, endSign, -endSign } };
 }
 
 } // namespace
@@ -94,9 +82,7 @@ SegmentRows MakeSegmentRows(const SegmentCorners& segment, const CoverageSurface
     const double top = std::floor(box.top);
     const int firstRow = std::max(int(top), 0);
     const int lastRow = std::min(int(std::ceil(box.bottom)), surface.height);
-    SegmentRows rows = { {}, surface, int(left), int(top), firstRow, lastRow, opacity255 };
-    MakeEdges(segment, left, top, rows.edges);
-    return rows;
+    return { MakeEdges(segment, left, top), surface, int(left), int(top), firstRow, lastRow, opacity255 };
 }
 
 } // namespace orvane::render
