@@ -32,20 +32,17 @@ SegmentEdges MakeEdges(const SegmentCorners& segment, double originX, double ori
     // The ends run at right angles to the long edges. The slopes come from the segment itself, since a very
     // short one may have lost its length in single precision.
     const float slope = Slope(segment.across, segment.down);
-    const float endSlope = Slope(-segment.down, segment.across);
     const float steepness = Steepness(segment.down, segment.across);
-    const float endSteepness = Steepness(segment.across, segment.down);
+    const float endSlope = segment.across < 0 ? steepness : -steepness;
+    const float run = std::abs(slope); // also the ends' steepness, as the steepness is their run
     // Leaning to the right, the upper end's edge goes down to the left and so bounds the shape on the left.
     const bool right = segment.across > 0;
     const int a = right ? 1 : 0, b = right ? 0 : 1; // upper end: its upper and its lower corner
     const int c = right ? 2 : 3, d = right ? 3 : 2; // lower end: likewise
     const float endSign = right ? -1.0f : 1.0f;
-    return { { y[0], y[1], y[a], y[c] },
-             { y[3], y[2], y[b], y[d] },
-             { x[0], x[1], x[a], x[c] },
-             { slope, slope, endSlope, endSlope },
-             { std::abs(slope), std::abs(slope), std::abs(endSlope), std::abs(endSlope) },
-             { steepness, steepness, endSteepness, endSteepness },
+    return { { y[0], y[1], y[a], y[c] },         { y[3], y[2], y[b], y[d] },
+             { x[0], x[1], x[a], x[c] },         { slope, slope, endSlope, endSlope },
+             { run, run, steepness, steepness }, { steepness, steepness, run, run },
              { -1, 1, endSign, -endSign } };
 }
 

@@ -2,6 +2,7 @@
 
 #include "render/canvas/CoverageWide.h"
 #include "render/canvas/PolygonFill.h"
+#include "render/canvas/SegmentRowsAvx2.h"
 
 #include <algorithm>
 
@@ -13,6 +14,15 @@ constexpr int kEdges = SegmentEdges::kCount;
 constexpr float kFarAway = 1e9f; // beyond every column
 
 } // namespace
+
+EndRows EndRowsOf(const SegmentRows& rows) {
+    const SegmentEdges& edges = rows.edges;
+    const float upperEnd = std::max({ edges.bottom[2], edges.top[0], edges.top[1] });
+    const float lowerEnd = std::min({ edges.top[3], edges.bottom[0], edges.bottom[1] });
+    // Heights count from an origin above the shape, so none is below 0 and dropping the fraction is the floor.
+    const int upperRow = int(upperEnd);
+    return { rows.originY + upperRow + (float(upperRow) < upperEnd ? 1 : 0), rows.originY + int(lowerEnd) };
+}
 
 void FillRowsScalar(const SegmentRows& rows) {
     const SegmentEdges& edges = rows.edges;
@@ -138,17 +148,14 @@ private:
 
 } // namespace
 
-void FillRows(const SegmentRows& rows) {
+void FillRowsWide(const SegmentRows& rows) {
     // A copy: the pixels are bytes, and a byte written might otherwise be any of the edges' numbers.
     const SegmentRows mine = rows;
-    const SegmentEdges& edges = mine.edges;
-    const float upperEnd = std::max({ edges.bottom[2], edges.top[0], edges.top[1] });
-    const float lowerEnd = std::min({ edges.top[3], edges.bottom[0], edges.bottom[1] });
-    PlainRows plain(edges);
+    const EndRows ends = EndRowsOf(mine);
+    PlainRows plain(mine.edges);
     for (int y = mine.firstRow; y < mine.lastRow; ++y) {
-        const auto rowTop = float(y - mine.originY);
-        const bool atUpper = rowTop < upperEnd;
-        const bool atLower = rowTop + 1.0f > lowerEnd;
+        const bool atUpper = y < ends.belowUpper;
+        const bool atLower = y >= ends.lower;
         if (atUpper || atLower)
             BlendEndRow(mine, y, atUpper, atLower);
         else
@@ -158,10 +165,19 @@ void FillRows(const SegmentRows& rows) {
 
 #else
 
-void FillRows(const SegmentRows& rows) {
+void FillRowsWide(const SegmentRows& rows) {
     FillRowsScalar(rows);
 }
 
 #endif
+
+void FillRows(const SegmentRows& rows) {
+#ifdef __x86_64__
+    // In the few rows of a level segment most of eight lanes would have nothing to do.
+    constexpr int kFewRows = 3;
+    if (rows.lastRow - rows.firstRow > kFewRows && HasAvx2()) return FillRowsAvx2(rows);
+#endif
+    FillRowsWide(rows);
+}
 
 } // namespace orvane::render

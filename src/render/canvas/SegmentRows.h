@@ -35,8 +35,18 @@ struct SegmentRows {
     [[nodiscard]] std::uint8_t* Row(int y) const { return surface.Row(y) + originX; }
 };
 
+// Which rows of the surface the ends of a segment reach: the upper one those before `belowUpper`, the lower one those
+// from `lower` on. Between them, if there is anything between, both long edges cross the whole row.
+struct EndRows {
+    int belowUpper, lower;
+};
+
+[[nodiscard]] EndRows EndRowsOf(const SegmentRows& rows);
+
 void FillRowsScalar(const SegmentRows& rows);
-// The scalar form where the processor family has no SSE2.
+// In vectors of four. The scalar form where the processor family has no SSE2.
+void FillRowsWide(const SegmentRows& rows);
+// The fastest form that this processor can run.
 void FillRows(const SegmentRows& rows);
 
 } // namespace orvane::render

@@ -2,6 +2,7 @@
 
 #include "CanvasOracle.h"
 #include "render/canvas/SegmentFill.h"
+#include "render/canvas/SegmentRowsAvx2.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +29,22 @@ struct Picture {
     Picture& operator=(const Picture&) = delete;
 };
 
-TEST(SegmentRows, TheWideFormMakesTheScalarFormsBytes) {
+using Form = void (*)(const SegmentRows&);
+
+// Those that this processor can run.
+std::vector<Form> WideForms() {
+    std::vector<Form> forms = { FillRowsWide, FillRows };
+#ifdef __x86_64__
+    if (HasAvx2()) forms.push_back(FillRowsAvx2);
+#endif
+    return forms;
+}
+
+class EachWideForm : public testing::TestWithParam<Form> {};
+
+INSTANTIATE_TEST_SUITE_P(SegmentRows, EachWideForm, testing::ValuesIn(WideForms()));
+
+TEST_P(EachWideForm, MakesTheScalarFormsBytes) {
     tests::Dice dice(31);
     Picture scalar(7), wide(7);
     int drawn = 0;
@@ -44,7 +60,7 @@ TEST(SegmentRows, TheWideFormMakesTheScalarFormsBytes) {
         SegmentCorners corners;
         if (!corners.Make(segment, width) || !IsShortSegment(corners, width, scalar.surface)) continue;
         FillRowsScalar(MakeSegmentRows(corners, scalar.surface, opacity255));
-        FillRows(MakeSegmentRows(corners, wide.surface, opacity255));
+        GetParam()(MakeSegmentRows(corners, wide.surface, opacity255));
         ASSERT_EQ(scalar.bytes, wide.bytes) << segment[0] << " " << segment[1] << " " << segment[2] << " "
                                             << segment[3] << " width " << width;
         // Full surfaces hide differences: begin again with another picture.
@@ -57,7 +73,7 @@ TEST(SegmentRows, TheWideFormMakesTheScalarFormsBytes) {
     EXPECT_GT(drawn, 10000);
 }
 
-TEST(SegmentRows, NoByteOfThePaddingChanges) {
+TEST_P(EachWideForm, ChangesNoByteOfThePadding) {
     tests::Dice dice(32);
     Picture picture(8);
     const Picture before(8);
@@ -66,7 +82,7 @@ TEST(SegmentRows, NoByteOfThePaddingChanges) {
                                    dice.Between(kWidth - 8, kWidth + 8), dice.Between(-4, kHeight + 4) };
         SegmentCorners corners;
         ASSERT_TRUE(corners.Make(segment, 2));
-        FillRows(MakeSegmentRows(corners, picture.surface, 255));
+        GetParam()(MakeSegmentRows(corners, picture.surface, 255));
     }
     for (int y = 0; y < kHeight; ++y)
         for (int x = kWidth; x < kRowBytes; ++x)
