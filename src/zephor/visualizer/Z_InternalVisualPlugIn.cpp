@@ -15,9 +15,4 @@ bool Z_InternalVisualPlugIn::ActivateInWindow(platform::NativeWindow window) {
     });
 }
 
-void Z_InternalVisualPlugIn::ParkLocalizedStrings(const records::LocalizedStrings& list) {
-    const platform::OwnedLock frame(mFrameLock);
-    ParkUnderLock(list);
-}
-
 } // namespace orvane::plugins

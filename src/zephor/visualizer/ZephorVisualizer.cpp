@@ -1,6 +1,5 @@
 #include "zephor/visualizer/ZephorVisualizer.h"
 
-#include "platform/Clock.h"
 #include "platform/Cores.h"
 #include "zephor/effects/waveforms/WaveformLists.h"
 #include "zephor/layers/TextureFunctors.h"
@@ -170,7 +169,7 @@ void ZephorVisualizer::ResizeImage() {
 
 void ZephorVisualizer::CreateConfigPanelTexture() {
     PlatformVisualizer::CreateConfigPanelTexture();
-    mLogoTexture = MakeLogoTexture(*mRenderer);
+    if (mRenderer) mLogoTexture = MakeLogoTexture(*mRenderer);
 }
 
 void ZephorVisualizer::ShowLogo() {
