@@ -106,8 +106,12 @@ bool ChildProcess::Type(std::string_view text) const {
 }
 
 std::string ChildProcess::Text() const {
+    return TextFrom(0);
+}
+
+std::string ChildProcess::TextFrom(std::size_t at) const {
     const std::lock_guard lock(mTextMutex);
-    return mText;
+    return mText.substr(std::min(at, mText.size()));
 }
 
 bool ChildProcess::WaitForText(std::string_view part, int times) const {

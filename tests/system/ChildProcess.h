@@ -47,6 +47,9 @@ public:
     // All that it has written so far.
     [[nodiscard]] std::string Text() const;
 
+    // The same without the first `at` bytes, for those who follow what it writes.
+    [[nodiscard]] std::string TextFrom(std::size_t at) const;
+
     // Waits until `part` has been written `times` times in all. False if it is not by then, or the process
     // has ended without.
     [[nodiscard]] bool WaitForText(std::string_view part, int times = 1) const;

@@ -27,7 +27,7 @@ SurfaceStatus WindowBacked2DRenderer::InitializeSurface(std::uint32_t width, std
 }
 
 void WindowBacked2DRenderer::Resize(std::uint32_t width, std::uint32_t height) {
-    if (!mWindowTarget) return;
+    if (!mWindowTarget || width == 0 || height == 0) return;
     const DrawingLock lock;
     // What a failure leaves undrawn, the next EndDraw reports.
     static_cast<void>(mWindowTarget->Resize({ width, height }));

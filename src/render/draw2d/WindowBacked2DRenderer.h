@@ -12,6 +12,8 @@ public:
     // Makes the surface on that window, of that size in pixels.
     SurfaceStatus InitializeSurface(std::uint32_t width, std::uint32_t height, HWND window);
 
+    // A size without area, which a minimised window has, leaves the surface as it is: a platform may refuse it,
+    // and then crash in the next drawing on the target that it left without pixels.
     void Resize(std::uint32_t width, std::uint32_t height) override;
 
 private:

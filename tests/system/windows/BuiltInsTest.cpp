@@ -29,6 +29,14 @@ Bytes SelectRequest(std::u16string_view name) {
     return WireBuilder().Raw("SWSV").String(name).U8(0).Get();
 }
 
+Bytes NamingRequest() {
+    WireBuilder request;
+    request.Raw("UPVM");
+    AppendGroup(request, 'Q', "Particles");
+    AppendGroup(request, 'Z', "Classic");
+    return request.Get();
+}
+
 void BuiltInsTest::SetUp() {
     ASSERT_NO_FATAL_FAILURE(WindowsTest::SetUp());
     NameThem();
@@ -46,11 +54,7 @@ void BuiltInsTest::TearDown() {
 }
 
 player::PluginList BuiltInsTest::NameThem() {
-    WireBuilder request;
-    request.Raw("UPVM");
-    AppendGroup(request, 'Q', "Particles");
-    AppendGroup(request, 'Z', "Classic");
-    auto list = player::DecodePluginList(mClient.Exchange(request.Get(), kPatience).bytes);
+    auto list = player::DecodePluginList(mClient.Exchange(NamingRequest(), kPatience).bytes);
     EXPECT_TRUE(list.whole);
     return list;
 }

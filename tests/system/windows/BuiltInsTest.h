@@ -15,7 +15,7 @@ protected:
     void TearDown() override; // a failed test shows what the host said
     void StartProgram() override;
 
-    // 'UPVM' with help texts and the two names; the list that came back.
+    // Sends NamingRequest(); the list that came back.
     player::PluginList NameThem();
 
     // 'SWSV'; behind it the visualizer runs in the window.
@@ -42,6 +42,9 @@ protected:
 
     std::optional<HostUsage> mUsage;
 };
+
+// 'UPVM' with help texts and the two names.
+[[nodiscard]] Bytes NamingRequest();
 
 // 'SWSV' without a track.
 [[nodiscard]] Bytes SelectRequest(std::u16string_view name);

@@ -129,6 +129,28 @@ TEST(WindowBacked2DRenderer, DrawsOnTheWholeWindowAfterResize) {
         }));
 }
 
+// As a window has it that is minimised.
+TEST(WindowBacked2DRenderer, ASizeOfNothingLeavesTheSurfaceToBeDrawnOn) {
+    const Window window;
+    std::uint32_t status = 0;
+    const auto canvas = CreateWindowBacked2DRenderer(kWidth, kHeight, window.handle, &status);
+    ASSERT_NE(canvas, nullptr);
+    const auto sizeBoth = [&](int width, int height) {
+        SetWindowPos(window.handle, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        Window::Pump();
+        canvas->Resize(std::uint32_t(width), std::uint32_t(height));
+        canvas->BeginDraw();
+        DrawHalves(*canvas, width, height);
+        EXPECT_FALSE(canvas->EndDraw()) << width << " x " << height;
+    };
+    for (const auto& [width, height] : { std::pair{ 0, 0 }, { kWidth, 0 }, { 0, kHeight } })
+        sizeBoth(width, height);
+    sizeBoth(kWidth, kHeight);
+    EXPECT_TRUE(DrawUntil(
+        *canvas, [](IRenderer2D& c) { DrawHalves(c, kWidth, kHeight); },
+        [&] { return window.At(20, 50) == kShownRed && window.At(140, 50) == kShownBlue; }));
+}
+
 TEST(WindowBacked2DRenderer, KeepsItsPixelsToItself) {
     const Window window;
     std::uint32_t status = 0;
