@@ -14,9 +14,9 @@ namespace {
 
 constexpr int kFramesBetweenRequests = 45;
 
-// The numbers say nothing about the picture, which other tests look at. They were made once by the definition's form
-// on one thread, and stand here to hold all builds to one run: sanitized and optimised, on every platform. A change
-// that is meant to change the picture makes them anew.
+// The numbers say nothing about the picture, which other tests look at: they were written down from one such run.
+// InEveryFormOnOneThreadAndOnTwo compares the forms with one another; these hold all builds to the same run, the
+// sanitized and the optimised one, on every platform. A change that is meant to change the picture makes them anew.
 struct ChecksumRow {
     int frame; // 60 in a second
     std::uint64_t checksum;
