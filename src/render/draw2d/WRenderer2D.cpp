@@ -44,7 +44,8 @@ IBitMap2D* Wrapped(ComPtr<ID2D1Bitmap> bitmap) {
 
 } // namespace
 
-WRenderer2D::~WRenderer2D() {
+// The lock throws only in a thread that holds it already, and none holds it across a canvas's end.
+WRenderer2D::~WRenderer2D() { // NOLINT(bugprone-exception-escape)
     const DrawingLock lock;
     ReleaseTarget();
 }
