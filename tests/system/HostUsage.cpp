@@ -17,6 +17,7 @@ namespace {
 constexpr wchar_t kProcesses[] = LR"(Z:\proc\)";
 constexpr std::size_t kBytesPerKilobyte = 1024;
 constexpr double kFileTimeTicksPerSecond = 1e7;
+constexpr double kNanosecondsPerSecond = 1e9;
 constexpr double kClockTicksPerSecond = 100; // of the system's process statistics
 
 void ForEachEntry(const std::wstring& folder, const std::function<void(const std::wstring&)>& take) {
@@ -104,6 +105,19 @@ double HostUsage::ProcessorSeconds() const {
     for (int i = 1; i <= 13 && fields >> field; ++i)
         if (i >= 12) ticks += std::strtod(field.c_str(), nullptr);
     return ticks / kClockTicksPerSecond;
+}
+
+double HostUsage::StarvedSeconds() const {
+    if (mFolder.empty()) return 0;
+    double seconds = 0;
+    ForEachEntry(mFolder + L"task\\", [&](const std::wstring& thread) {
+        // "time on a processor, time of waiting for one, turns", the times in nanoseconds
+        std::istringstream fields(Contents(mFolder + L"task\\" + thread + L"\\schedstat"));
+        double ran = 0, waited = 0;
+        fields >> ran >> waited;
+        seconds += waited / kNanosecondsPerSecond;
+    });
+    return seconds;
 }
 
 } // namespace orvane::tests

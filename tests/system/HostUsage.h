@@ -24,6 +24,10 @@ public:
     // Time of the processor, in seconds; of all threads, in the system as well.
     [[nodiscard]] double ProcessorSeconds() const;
 
+    // For how long its threads, each counted by itself, were ready to run and had no processor. 0 if it can't be
+    // told. Threads that have ended are not counted.
+    [[nodiscard]] double StarvedSeconds() const;
+
 private:
     [[nodiscard]] std::size_t StatusBytes(const char* field) const;
 

@@ -106,7 +106,7 @@ private:
     unsigned mFences = 0, mDrags = 0;
     std::size_t mRead = 0; // of what the host said
     std::size_t mVisualizers = 0;
-    std::chrono::duration<double> mLongestReply{ 0 };
+    double mLongestReply = 0;                  // seconds
     std::map<std::string, int> mExpectedLines; // how often each must have been said in the end
     std::map<std::string, int> mTaken;         // steps by name
 };

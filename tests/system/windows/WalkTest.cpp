@@ -2,10 +2,19 @@
 // ORVANE_WALK_SEED=N for other steps.
 #include "system/windows/Walk.h"
 
+#include "plugins/VisualPlugIn.h"
+
 namespace orvane::tests {
 namespace {
 
 constexpr int kReconnectEvery = 100; // steps
+
+// What the list takes for each scan: the example, the counter, the recorder and two built-ins, which keep the help
+// texts and the title that the player parked with them.
+constexpr double kScanBytes = 5 * sizeof(plugins::VisualPlugIn) + 2 * 4 * sizeof(records::LocalizedString);
+
+// Of all reconnections, those from the middle of the second tenth to the middle of the last.
+constexpr double kShareBetweenTenths = 0.8;
 
 int Length() {
     return WantsLongForm() ? 20'000 : 1'000;
@@ -19,6 +28,8 @@ TEST_F(Walk, AnyOrderIsAnsweredLosesNothingAndTakesNothing) {
 
 TEST_F(Walk, WithReconnectionsOnlyTheListGrows) {
     ASSERT_NO_FATAL_FAILURE(Take(Length(), kReconnectEvery));
+    if (WantsLongForm())
+        mUsageByTenths->ExpectFlat(std::size_t(mReconnections * kShareBetweenTenths * kScanBytes));
     CloseTheBooks();
 }
 
