@@ -83,6 +83,7 @@ Outcome HostLink::TakePulseReply(Milliseconds timeout) {
     const Reply reply = mHost.Receive(timeout);
     mPulseIsUnderWay = reply.outcome.failure == Failure::kNoReplyInTime;
     if (!reply.outcome) return reply.outcome;
+    ++mFrames;
     const PulseEvent event = DecodePulseReply(reply.bytes);
     if (!std::holds_alternative<NoEvent>(event)) mEvents.push_back(event);
     return {};

@@ -46,6 +46,9 @@ public:
     // Waits for the reply to the pulse under way. kNoReplyInTime leaves it under way.
     [[nodiscard]] Outcome TakePulseReply(Milliseconds timeout);
 
+    // How many pulses were answered, by whatever waited for the reply: each was a frame.
+    [[nodiscard]] std::uint64_t Frames() const { return mFrames; }
+
     // What the replies to pulses told, oldest first; nothing if they have told nothing since.
     [[nodiscard]] std::optional<PulseEvent> NextEvent();
 
@@ -56,6 +59,7 @@ private:
     std::vector<Visualizer> mVisualizers;
     std::deque<PulseEvent> mEvents;
     bool mPulseIsUnderWay = false;
+    std::uint64_t mFrames = 0;
 };
 
 } // namespace orvane::player

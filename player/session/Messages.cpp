@@ -55,6 +55,10 @@ std::string PictureTooLarge(std::string_view name) {
     return Quoted("The picture ", name, " is larger than 1 MiB: make it smaller.");
 }
 
+std::string NoPulseLog(std::string_view name) {
+    return Quoted("The file ", name, " can't be written: check the name behind --pulse-log.");
+}
+
 std::string NoSuchVisualizer(std::string_view name) {
     return Quoted("There is no visualizer ", name, ": see orvane-player --list.");
 }

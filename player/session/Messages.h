@@ -30,6 +30,7 @@ constexpr char kLiveTitleInput[] = "What this machine records";
 [[nodiscard]] std::string NoSound(std::string_view name);
 [[nodiscard]] std::string NoSuchPicture(std::string_view name);
 [[nodiscard]] std::string PictureTooLarge(std::string_view name);
+[[nodiscard]] std::string NoPulseLog(std::string_view name);
 [[nodiscard]] std::string NoSuchVisualizer(std::string_view name);
 [[nodiscard]] std::string NoSuchMonitor(int number);
 [[nodiscard]] std::string NowShowing(std::string_view visualizer);

@@ -39,6 +39,7 @@ void AddPlayOptions(CLI::App& app, PlayOptions& options) {
     app.add_option("--delay-ms", options.delayMilliseconds,
                    "show the sound so much later than it is played: for loudspeakers that are late")
         ->check(CLI::Range(kFurthestAhead, kLongestDelay));
+    app.add_option("--pulse-log", options.pulseLog, "write down in this file when each pulse was sent");
     auto* silent = app.add_flag("--silent", options.silent, "play without a sound");
     live->excludes(songs)->excludes(start)->excludes(silent);
     app.parse_complete_callback([live, &options] {

@@ -26,7 +26,8 @@ struct PlayOptions {
     std::string title;
     std::string artist;
     std::string album;
-    std::string live; // "output" or "input"
+    std::string pulseLog; // a file
+    std::string live;     // "output" or "input"
     double startSeconds = 0;
     std::optional<double> seconds; // of playing, then it ends
     double delayMilliseconds = 0;  // by which the picture comes after the sound

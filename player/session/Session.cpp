@@ -34,7 +34,8 @@ Session::Session(PlayOptions options, SessionParts parts)
     , mParts(parts)
     , mHeard(HeardOf(mParts))
     , mShow(mOptions, mParts.host, mParts.console, mParts.clock)
-    , mPlaylist(SongsOf(mOptions)) {}
+    , mPlaylist(SongsOf(mOptions))
+    , mPulseLog(mOptions.pulseLog) {}
 
 ExitCode Session::Run() {
     if (Begin()) {
@@ -48,6 +49,11 @@ ExitCode Session::Run() {
 
 // The song is opened before the host: a name that is wrong shows no window.
 bool Session::Begin() {
+    if (!mPulseLog.IsWell()) {
+        mParts.console.Complain(messages::NoPulseLog(mOptions.pulseLog));
+        mExit = kExitUsage;
+        return false;
+    }
     Track track;
     if (mParts.live) {
         const bool input = LiveSourceOf(mOptions) == LiveSource::kInput;
@@ -149,7 +155,9 @@ bool Session::Pulse() {
     mPulses.Sent(now);
     const records::AudioRenderData sound =
         mParts.analysis.Analyze(mWindow, now - std::exchange(mAnalyzed, now));
-    return mShow.SendPulse(Position(), sound);
+    const double position = Position();
+    mPulseLog.Sent(mParts.clock.Now(), position, sound);
+    return mShow.SendPulse(position, sound);
 }
 
 double Session::Position() {

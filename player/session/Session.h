@@ -7,6 +7,7 @@
 
 #include "player/pacing/PulseClock.h"
 #include "player/session/Playlist.h"
+#include "player/session/PulseLog.h"
 #include "player/session/Show.h"
 #include "player/sound/Deck.h"
 #include "player/sound/LiveSound.h"
@@ -59,6 +60,7 @@ private:
     Playlist mPlaylist;
     std::string mTitle; // of the current track, UTF-8
     PulseClock mPulses;
+    PulseLog mPulseLog;
     std::vector<StereoFrame> mWindow; // of the sound that the last pulse showed
     double mAnalyzed = 0;             // seconds of the clock
     double mBegan = 0;                // seconds of the clock

@@ -103,7 +103,6 @@ bool Show::SendPulse(double positionSeconds, const records::AudioRenderData& sou
 bool Show::AwaitPulse(HostLink::Milliseconds timeout) {
     const Outcome outcome = mLink.TakePulseReply(timeout);
     if (outcome.failure == Failure::kNoReplyInTime) return true;
-    if (outcome) ++mFrames;
     return Settle(outcome);
 }
 

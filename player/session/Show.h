@@ -53,7 +53,7 @@ public:
     [[nodiscard]] std::optional<PulseEvent> NextEvent() { return mLink.NextEvent(); }
 
     // How many pulses were answered: each was a frame.
-    [[nodiscard]] std::uint64_t Frames() const { return mFrames; }
+    [[nodiscard]] std::uint64_t Frames() const { return mLink.Frames(); }
 
     // Stops the track, hides the window and lets the host go.
     void End();
@@ -79,7 +79,6 @@ private:
     bool mIsUp = false; // the window has been shown
     bool mFillsScreen;  // as it was asked for last
     bool mRestarted = false;
-    std::uint64_t mFrames = 0;
     std::uint32_t mStamp = 0; // of the last pulse
     double mPulseSent = 0;    // seconds of the clock
     ExitCode mExit = kExitOk;

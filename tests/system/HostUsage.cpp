@@ -64,8 +64,8 @@ double Seconds(const FILETIME& time) {
 
 } // namespace
 
-HostUsage::HostUsage(const HostProcess& host, const std::string& uniqueArgument)
-    : mHost(host)
+HostUsage::HostUsage(HANDLE process, const std::string& uniqueArgument)
+    : mProcess(process)
     , mFolder(FolderOfProcessWith(uniqueArgument)) {}
 
 std::size_t HostUsage::StatusBytes(const char* field) const {
@@ -77,16 +77,20 @@ std::size_t HostUsage::StatusBytes(const char* field) const {
 }
 
 std::size_t HostUsage::MemoryBytes() const {
-    return mFolder.empty() ? MemoryCounters(mHost.Process()).WorkingSetSize : StatusBytes("VmRSS");
+    return mFolder.empty() ? MemoryCounters(mProcess).WorkingSetSize : StatusBytes("VmRSS");
 }
 
 std::size_t HostUsage::MostMemoryBytes() const {
-    return mFolder.empty() ? MemoryCounters(mHost.Process()).PeakWorkingSetSize : StatusBytes("VmHWM");
+    return mFolder.empty() ? MemoryCounters(mProcess).PeakWorkingSetSize : StatusBytes("VmHWM");
 }
 
 std::size_t HostUsage::Descriptors() const {
-    if (mFolder.empty()) return mHost.OpenHandles();
     std::size_t count = 0;
+    if (mFolder.empty()) {
+        DWORD handles = 0;
+        GetProcessHandleCount(mProcess, &handles);
+        return handles;
+    }
     ForEachEntry(mFolder + L"fd\\", [&](const std::wstring&) { ++count; });
     return count;
 }
@@ -94,7 +98,7 @@ std::size_t HostUsage::Descriptors() const {
 double HostUsage::ProcessorSeconds() const {
     if (mFolder.empty()) {
         FILETIME created, ended, inSystem, inProgram;
-        GetProcessTimes(mHost.Process(), &created, &ended, &inSystem, &inProgram);
+        GetProcessTimes(mProcess, &created, &ended, &inSystem, &inProgram);
         return Seconds(inSystem) + Seconds(inProgram);
     }
     // "pid (name) state ...": the two times are the 12th and 13th fields behind the name.

@@ -9,10 +9,13 @@
 namespace orvane::tests {
 
 // Where the system keeps a folder for each of its processes, it is looked up there once, by an argument that no
-// other process has; elsewhere the process itself is asked. Observes `host`, which must be running.
+// other process has; elsewhere the process itself is asked. Observes `process`, which must be running.
 class HostUsage {
 public:
-    HostUsage(const HostProcess& host, const std::string& uniqueArgument);
+    HostUsage(HANDLE process, const std::string& uniqueArgument);
+
+    HostUsage(const HostProcess& host, const std::string& uniqueArgument)
+        : HostUsage(host.Process(), uniqueArgument) {}
 
     // Bytes in memory now, and the most that there ever were. 0 if it can't be told.
     [[nodiscard]] std::size_t MemoryBytes() const;
@@ -31,7 +34,7 @@ public:
 private:
     [[nodiscard]] std::size_t StatusBytes(const char* field) const;
 
-    const HostProcess& mHost;
+    const HANDLE mProcess;
     std::wstring mFolder; // empty: there is none
 };
 
