@@ -1,5 +1,6 @@
 #include "zephor/layers/SliceThreads.h"
 
+#include <chrono>
 #include <system_error>
 
 #ifdef __x86_64__
@@ -46,6 +47,11 @@ struct Left {
 } // namespace
 
 SliceThreads::SliceThreads(int threads) {
+    if (threads > 1) {
+        // A platform's lock may take memory with its first use. It takes it here, so that no frame finds it missing.
+        std::unique_lock lock(mSleep);
+        mWake.wait_for(lock, std::chrono::nanoseconds(0));
+    }
     for (int i = 1; i < threads; ++i) {
         try {
             mThreads.emplace_back([this] { Serve(); });
