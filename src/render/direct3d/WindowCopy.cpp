@@ -1,7 +1,5 @@
 #include "render/direct3d/WindowCopy.h"
 
-#include <utility>
-
 namespace orvane::render {
 namespace {
 
@@ -50,6 +48,9 @@ bool WindowCopy::MakeStaging(const D3D11_TEXTURE2D_DESC& like) {
 
 bool WindowCopy::Show(ID3D11DeviceContext* context, IDXGISwapChain* swapChain) {
     constexpr UINT kBytesPerPixel = 4;
+    RECT place{};
+    if (!GetClientRect(mWindow, &place))
+        return false; // without a window, the one around it would be the screen
     ComPtr<ID3D11Texture2D> backBuffer;
     if (FAILED(swapChain->GetBuffer(0, IID_PPV_ARGS(&backBuffer)))) return false;
     D3D11_TEXTURE2D_DESC description{};
@@ -60,8 +61,6 @@ bool WindowCopy::Show(ID3D11DeviceContext* context, IDXGISwapChain* swapChain) {
     if (FAILED(context->Map(mStaging.Get(), 0, D3D11_MAP_READ, 0, &mapped))) return false;
     const MaskedHeader info = HeaderOf(mapped.RowPitch / kBytesPerPixel, mHeight);
     const HWND around = GetAncestor(mWindow, GA_ROOT);
-    RECT place{};
-    GetClientRect(mWindow, &place);
     MapWindowPoints(mWindow, around, reinterpret_cast<POINT*>(&place), 2);
     const HDC target = GetDCEx(around, nullptr, DCX_CACHE); // its children not left out
     const bool shown =

@@ -2,11 +2,10 @@
 //
 // KEEP: Wine carries out the swap chain of a child window in a buffer off the screen and is to copy each frame into
 // the window around it, but a window that has been given a pixel format, as any with a swap chain has, gets no
-// drawable to copy to: the copy fails without a word and the child stays black. The window around it has one, if it is
-// drawn on by such means too, as the host's is for its caption. So
-// there the frame is read back and drawn through GDI at the child's place in its top-level window, instead of
-// Present. Windows itself, and windows at the top level, never come here.
-// Pinned by WindowCopy.AChildWindowShowsItsFrameOnTheScreen.
+// drawable to copy to: the copy fails without a word and the child stays black. The window around it has one, if
+// it is drawn on by such means too, as the host's is for its caption. So there the frame is read back and drawn
+// through GDI at the child's place in its top-level window, instead of Present. Windows itself, and windows at the
+// top level, never come here. Pinned by WindowCopy.AChildWindowShowsItsFrameOnTheScreen.
 #pragma once
 
 #include "render/direct3d/Platform.h"
@@ -24,8 +23,8 @@ public:
         : mDevice(std::move(device))
         , mWindow(window) {}
 
-    // Shows the back buffer, over all of the window's client area. False if it can't be read. From any thread;
-    // waits for the frame to be finished, and for no window.
+    // Shows the back buffer, over all of the window's client area. False if it can't be read or the window is gone.
+    // From any thread; waits for the frame to be finished, and for no window.
     bool Show(ID3D11DeviceContext* context, IDXGISwapChain* swapChain);
 
 private:
