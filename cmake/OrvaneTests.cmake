@@ -9,6 +9,17 @@ if(ORVANE_SANITIZE)
   endforeach()
 endif()
 
+# Every test program on Windows ends by EndAtOnce; a demonstration that draws links tests-end-at-once for it.
+if(WIN32)
+  add_library(tests-end-at-once STATIC ${CMAKE_SOURCE_DIR}/tests/support/windows/EndAtOnce.cpp)
+  target_include_directories(tests-end-at-once PUBLIC ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(tests-end-at-once PRIVATE orvane-options)
+  add_library(tests-main STATIC ${CMAKE_SOURCE_DIR}/tests/support/windows/TestMain.cpp)
+  target_link_libraries(tests-main PRIVATE tests-end-at-once gtest orvane-options)
+else()
+  add_library(tests-main ALIAS gtest_main)
+endif()
+
 # orvane_test(<name> SOURCES ... [LINKS ...] [PROPERTIES ...])
 #
 # A test program. Every test in it is a test of ctest, named "native." or "windows." and its own name, so
@@ -16,7 +27,7 @@ endif()
 function(orvane_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PROPERTIES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE ${ARG_LINKS} tests-support gtest gtest_main gmock orvane-options)
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} tests-support gtest tests-main gmock orvane-options)
   if(WIN32)
     set(prefix windows.)
   else()

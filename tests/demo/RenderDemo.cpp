@@ -4,6 +4,7 @@
 //     render-demo --measure N      times N frames of an 8-bit image through the colour table, 1000 by 800
 #include "demo/DemoScene.h"
 #include "render/direct3d/Direct3DRenderer.h"
+#include "support/windows/EndAtOnce.h"
 
 #include <windows.h>
 
@@ -145,5 +146,5 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "render-demo [--frames N | --measure N]\n");
         return 2;
     }
-    return orvane::demo::Run(option, frames);
+    orvane::tests::EndAtOnce(orvane::demo::Run(option, frames));
 }

@@ -1,26 +1,13 @@
 #include "support/windows/TestWindow.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdio>
-#include <cstdlib>
-
 namespace orvane::tests {
 namespace {
 
 constexpr wchar_t kClassName[] = L"ORVANE TEST WINDOW";
 constexpr int kChildOffset = 8; // pixels
 
-// Wine's graphics crash now and then while a process ends, long behind its last test. So a program that had a
-// window for them ends at once, with what its tests came to.
-void EndAtOnce() {
-    std::fflush(nullptr);
-    TerminateProcess(GetCurrentProcess(), testing::UnitTest::GetInstance()->Passed() ? 0 : 1);
-}
-
 void RegisterOnce() {
     static const ATOM sClass = [] {
-        std::atexit(&EndAtOnce);
         WNDCLASSW windowClass{};
         windowClass.lpfnWndProc = DefWindowProcW;
         windowClass.hInstance = GetModuleHandleW(nullptr);
