@@ -2,6 +2,7 @@
 
 #include "render/draw2d/DrawingLock.h"
 #include "render/draw2d/Factories.h"
+#include "render/draw2d/SpareSurfaces.h"
 
 #include <utility>
 
@@ -9,11 +10,24 @@ namespace orvane::render {
 
 using Microsoft::WRL::ComPtr;
 
+// The lock throws only in a thread that holds it already, and none holds it across a canvas's end.
+LayerBacked2DRenderer::~LayerBacked2DRenderer() { // NOLINT(bugprone-exception-escape)
+    const DrawingLock lock;
+    if (mBitmap && !mAlphaOnly && IsTargetWell())
+        KeepSpareSurface({ mWidth, mHeight, mBitmap, mTarget, mFillBrush, mStrokeBrush });
+}
+
 SurfaceStatus LayerBacked2DRenderer::InitializeSurface(std::uint32_t width, std::uint32_t height,
                                                        bool alphaOnly) {
     const DrawingLock lock;
     ReleaseTarget();
     mBitmap.Reset();
+    mAlphaOnly = alphaOnly;
+    if (!alphaOnly && TakeSpare(width, height)) return kSurface_Success;
+    return MakeSurface(width, height, alphaOnly);
+}
+
+SurfaceStatus LayerBacked2DRenderer::MakeSurface(std::uint32_t width, std::uint32_t height, bool alphaOnly) {
     ID2D1Factory* const drawing = Direct2DFactory();
     if (!drawing) return kSurface_NoDirect2DFactory;
     IWICImagingFactory* const imaging = ImagingFactory();
@@ -36,6 +50,20 @@ SurfaceStatus LayerBacked2DRenderer::InitializeSurface(std::uint32_t width, std:
     }
     mBitmap = std::move(bitmap);
     return kSurface_Success;
+}
+
+bool LayerBacked2DRenderer::TakeSpare(std::uint32_t width, std::uint32_t height) {
+    std::optional<LayerSurface> spare = TakeSpareSurface(width, height);
+    if (!spare) return false;
+    mWidth = width;
+    mHeight = height;
+    mBitmap = std::move(spare->bitmap);
+    mTarget = std::move(spare->target);
+    mFillBrush = std::move(spare->fillBrush);
+    mStrokeBrush = std::move(spare->strokeBrush);
+    mFillBrush->SetColor(kFirstFillColor);
+    mStrokeBrush->SetColor(kFirstStrokeColor);
+    return true;
 }
 
 void LayerBacked2DRenderer::ReadPixels(BitmapProcessingFunctor& functor) {

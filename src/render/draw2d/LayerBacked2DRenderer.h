@@ -7,6 +7,9 @@ namespace orvane::render {
 
 class LayerBacked2DRenderer final : public WRenderer2D {
 public:
+    // The surface is kept for the next of its size (SpareSurfaces.h), unless a drawing was left open or failed.
+    ~LayerBacked2DRenderer() override;
+
     // Makes the surface, of that size in pixels and all zeroes, drawn on by the processor. Pixels are 32 bits,
     // premultiplied blue, green, red, alpha; with `alphaOnly` they are the 8 bits of the imaging component's
     // alpha format, where that is granted: a system that refuses it gives status 4. A surface that was there
@@ -17,6 +20,12 @@ public:
     void ReadPixels(BitmapProcessingFunctor& functor) override;
 
 private:
+    SurfaceStatus MakeSurface(std::uint32_t width, std::uint32_t height, bool alphaOnly);
+
+    // Takes a surface of that size that was kept, if there is one.
+    bool TakeSpare(std::uint32_t width, std::uint32_t height);
+
+    bool mAlphaOnly = false;
     Microsoft::WRL::ComPtr<IWICBitmap> mBitmap;
 };
 

@@ -15,8 +15,6 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-constexpr D2D1_COLOR_F kFirstFillColor = { 1, 1, 1, 1 };
-constexpr D2D1_COLOR_F kFirstStrokeColor = { 0, 0, 0, 1 };
 constexpr float kFullOpacity = 1.0f;
 constexpr HRESULT kTargetLost = HRESULT(0x8899000C); // some headers define its usual name as unsigned
 constexpr float kPixelsPerInch = 96.0f;              // one unit of the canvas is then one pixel of the image
@@ -71,6 +69,7 @@ void WRenderer2D::ReleaseTarget() {
     mStrokeBrush.Reset();
     mTarget.Reset();
     mWidth = mHeight = 0;
+    mIsDrawing = mHasFailed = false;
 }
 
 void WRenderer2D::Resize(std::uint32_t, std::uint32_t) {}
@@ -117,12 +116,18 @@ void WRenderer2D::ReadPixels(BitmapProcessingFunctor&) {}
 
 void WRenderer2D::BeginDraw() {
     const DrawingLock lock;
-    if (mTarget) mTarget->BeginDraw();
+    if (!mTarget) return;
+    mTarget->BeginDraw();
+    mIsDrawing = true;
 }
 
 bool WRenderer2D::EndDraw() {
     const DrawingLock lock;
-    return mTarget && mTarget->EndDraw() == kTargetLost;
+    if (!mTarget) return false;
+    const HRESULT result = mTarget->EndDraw();
+    mIsDrawing = false;
+    mHasFailed = mHasFailed || FAILED(result);
+    return result == kTargetLost;
 }
 
 void WRenderer2D::DrawText(const char16_t* text, std::uint32_t length, ITextFormat* format,

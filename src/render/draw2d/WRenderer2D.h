@@ -44,11 +44,21 @@ protected:
     // Gives up the target and what was made on it.
     void ReleaseTarget();
 
+    // Whether all that was drawn on the target went well, with no drawing begun.
+    [[nodiscard]] bool IsTargetWell() const { return mTarget && !mIsDrawing && !mHasFailed; }
+
+    static constexpr D2D1_COLOR_F kFirstFillColor = { 1, 1, 1, 1 };
+    static constexpr D2D1_COLOR_F kFirstStrokeColor = { 0, 0, 0, 1 };
+
     float mStrokeWidth = 1.0f; // pixels; no operation changes it
     Microsoft::WRL::ComPtr<ID2D1SolidColorBrush> mFillBrush;
     Microsoft::WRL::ComPtr<ID2D1SolidColorBrush> mStrokeBrush;
     Microsoft::WRL::ComPtr<ID2D1RenderTarget> mTarget;
     std::uint32_t mWidth = 0, mHeight = 0; // pixels
+
+private:
+    bool mIsDrawing = false; // between BeginDraw and EndDraw
+    bool mHasFailed = false; // a drawing on this target
 };
 
 } // namespace orvane::render

@@ -1,0 +1,58 @@
+#include "render/draw2d/SpareSurfaces.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace orvane::render {
+
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+constexpr std::size_t kMostSpares = 6;
+
+// Never released: at the end of the process the libraries may be gone before this program's variables are.
+std::vector<LayerSurface>& Spares() {
+    static auto* const sShared = new std::vector<LayerSurface>;
+    return *sShared;
+}
+
+// What is drawn and what is in the bitmap need not be the same memory, so both are cleared.
+bool Clear(const LayerSurface& surface) {
+    constexpr D2D1_COLOR_F kNothing = { 0, 0, 0, 0 };
+    surface.target->BeginDraw();
+    surface.target->Clear(&kNothing);
+    if (FAILED(surface.target->EndDraw())) return false;
+    const WICRect whole = { 0, 0, INT(surface.width), INT(surface.height) };
+    ComPtr<IWICBitmapLock> lock; // the bitmap is unlocked when this goes
+    UINT byteCount = 0;
+    BYTE* pixels = nullptr;
+    if (FAILED(surface.bitmap->Lock(&whole, WICBitmapLockWrite, &lock)) ||
+        FAILED(lock->GetDataPointer(&byteCount, &pixels)))
+        return false;
+    std::memset(pixels, 0, byteCount);
+    return true;
+}
+
+} // namespace
+
+std::optional<LayerSurface> TakeSpareSurface(std::uint32_t width, std::uint32_t height) {
+    auto& spares = Spares();
+    const auto found = std::ranges::find_if(
+        spares, [&](const LayerSurface& spare) { return spare.width == width && spare.height == height; });
+    if (found == spares.end()) return std::nullopt;
+    LayerSurface surface = std::move(*found);
+    spares.erase(found);
+    if (!Clear(surface)) return std::nullopt;
+    return surface;
+}
+
+void KeepSpareSurface(LayerSurface surface) {
+    auto& spares = Spares();
+    if (spares.size() == kMostSpares) spares.erase(spares.begin());
+    spares.push_back(std::move(surface));
+}
+
+} // namespace orvane::render
