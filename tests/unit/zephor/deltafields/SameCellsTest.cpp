@@ -2,6 +2,7 @@
 #include "zephor/deltafields/ComputeDeltaField.h"
 
 #include "platform/Random.h"
+#include "support/AcrossBuilds.h"
 #include "unit/zephor/deltafields/Fields.h"
 #include "unit/zephor/deltafields/NamedMember.h"
 
@@ -70,6 +71,7 @@ class SameCells : public testing::TestWithParam<DeltaFactory> {};
 TEST_P(SameCells, BySlotsInEveryWidthAndOnAnyNumberOfThreads) {
     platform::SeedRand(kParameterSeed);
     const std::unique_ptr<DeltafieldFunctor> functor = GetParam()();
+    tests::Checksum sum;
     for (const Size size : kSizes) {
         const Outcome expected =
             OutcomeOf(size, 2, [&](auto& field) { ComputeDeltaField(field, BySlots(*functor)); });
@@ -84,7 +86,9 @@ TEST_P(SameCells, BySlotsInEveryWidthAndOnAnyNumberOfThreads) {
                     << where << ", " << NameOf(form) << ", " << threadCount << " threads";
             }
         }
+        sum.Add(expected.cells);
     }
+    tests::SayForEveryBuild(functor->name, sum.Get());
 }
 
 std::string TestNameOf(const testing::TestParamInfo<DeltaFactory>& row) {
