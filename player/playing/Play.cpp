@@ -83,6 +83,7 @@ ExitCode ShowLiveSound(const PlayOptions& options, Equipment& equipment, IConsol
         console.Complain(input ? messages::kNoLiveInput : messages::kNoLiveOutput);
         return kExitSystem;
     }
+    if (capture->IsDeaf()) console.Say(messages::kLiveDeaf);
     LiveSound live(*capture, SecondsNow);
     const FeedThread feeding(live);
     return Session(options,

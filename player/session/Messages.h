@@ -22,6 +22,8 @@ constexpr char kNoVisualizers[] =
 constexpr char kNoLiveOutput[] =
     "There is no sound device to listen to. Connect one, or name a song to play.";
 constexpr char kNoLiveInput[] = "There is no recording device. Connect one, or name a song to play.";
+constexpr char kLiveDeaf[] =
+    "This system hands out nothing of what it plays: the picture moves as it does in silence.";
 constexpr char kLiveLost[] = "The sound device is gone: there is nothing left to show.";
 constexpr char kLiveTitleOutput[] = "What this machine plays";
 constexpr char kLiveTitleInput[] = "What this machine records";

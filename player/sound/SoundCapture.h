@@ -19,6 +19,9 @@ public:
     // Takes what came in since the last call, oldest first; how many frames that were. Never waits.
     [[nodiscard]] virtual std::size_t Read(std::span<StereoFrame> frames) = 0;
 
+    // Whether it was opened, but no sound will ever come of it.
+    [[nodiscard]] virtual bool IsDeaf() const { return false; }
+
     // Whether the device went away.
     [[nodiscard]] virtual bool IsLost() const = 0;
 };

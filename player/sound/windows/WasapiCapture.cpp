@@ -24,13 +24,15 @@ public:
 
     [[nodiscard]] std::size_t Read(std::span<StereoFrame> frames) override;
 
+    [[nodiscard]] bool IsDeaf() const override { return !mCapture; }
+
     [[nodiscard]] bool IsLost() const override { return mLost; }
 
 private:
     bool TakePacket();
 
     ComPtr<IAudioClient> mClient;
-    ComPtr<IAudioCaptureClient> mCapture;
+    ComPtr<IAudioCaptureClient> mCapture; // none: nothing comes in
     std::uint32_t mRate = 0;
     std::uint32_t mChannels = 0;
     std::vector<StereoFrame> mPacket; // the last one
@@ -58,10 +60,14 @@ bool WasapiCapture::Open(CaptureFrom from) {
     mChannels = format.nChannels;
     constexpr DWORD kConvert = AUDCLNT_STREAMFLAGS_AUTOCONVERTPCM | AUDCLNT_STREAMFLAGS_SRC_DEFAULT_QUALITY;
     const DWORD flags = (asItIs ? 0 : kConvert) | (loopback ? DWORD(AUDCLNT_STREAMFLAGS_LOOPBACK) : 0);
-    return mRate != 0 &&
-           SUCCEEDED(
-               mClient->Initialize(AUDCLNT_SHAREMODE_SHARED, flags, kBufferTicks, 0, &format, nullptr)) &&
-           SUCCEEDED(mClient->GetService(IID_PPV_ARGS(&mCapture))) && SUCCEEDED(mClient->Start());
+    if (mRate == 0 ||
+        FAILED(mClient->Initialize(AUDCLNT_SHAREMODE_SHARED, flags, kBufferTicks, 0, &format, nullptr)))
+        return false;
+    const HRESULT service = mClient->GetService(IID_PPV_ARGS(&mCapture));
+    // Wine lets the output be opened for listening, and then has nothing that hands its sound out. So no packet comes,
+    // which is what happens elsewhere while nothing plays.
+    if (loopback && service == AUDCLNT_E_WRONG_ENDPOINT_TYPE) return true;
+    return SUCCEEDED(service) && SUCCEEDED(mClient->Start());
 }
 
 std::size_t WasapiCapture::Read(std::span<StereoFrame> frames) {
@@ -75,6 +81,7 @@ std::size_t WasapiCapture::Read(std::span<StereoFrame> frames) {
 bool WasapiCapture::TakePacket() {
     mPacket.clear();
     mTaken = 0;
+    if (!mCapture) return false;
     BYTE* bytes = nullptr;
     UINT32 count = 0;
     DWORD flags = 0;

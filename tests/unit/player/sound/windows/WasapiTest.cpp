@@ -9,6 +9,7 @@
 #include <mmdeviceapi.h>
 #include <wrl/client.h>
 
+#include <algorithm>
 #include <chrono>
 #include <vector>
 
@@ -85,6 +86,23 @@ TEST_F(WasapiTest, RecordsWhereThereIsADevice) {
     std::size_t came = 0;
     std::vector<StereoFrame> frames(1000);
     EXPECT_TRUE(WaitUntil([&] { return (came += capture->Read(frames)) > capture->Rate() / 10; }));
+    EXPECT_FALSE(capture->IsLost());
+}
+
+// Silence that is played is handed out as well; a system that hands out nothing has said so.
+TEST_F(WasapiTest, ListensToTheOutputAsFarAsTheSystemLetsIt) {
+    const auto capture = OpenWasapiCapture(CaptureFrom::kOutput);
+    ASSERT_EQ(capture != nullptr, HasDefaultDevice(eRender));
+    if (!capture) return;
+    EXPECT_GE(capture->Rate(), 8000u);
+    const auto device = MakeWasapiDevice();
+    ASSERT_TRUE(device->Open(kRate));
+    device->Write(std::vector<StereoFrame>(std::min<std::size_t>(device->Room(), kRate / 5)));
+    device->Run(true);
+    std::size_t came = 0;
+    std::vector<StereoFrame> frames(1000);
+    EXPECT_TRUE(WaitUntil([&] { return (came += capture->Read(frames)) > 0 || device->IsEmpty(); }));
+    EXPECT_EQ(came == 0, capture->IsDeaf());
     EXPECT_FALSE(capture->IsLost());
 }
 
