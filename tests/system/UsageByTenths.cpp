@@ -12,10 +12,8 @@ namespace {
 constexpr double kMostMemoryChange = 0.02;  // of what it was
 constexpr std::size_t kMostDescriptors = 4; // more or fewer than before
 
-std::size_t Middle(std::vector<std::size_t> values) {
-    if (values.empty()) return 0;
-    std::nth_element(values.begin(), values.begin() + int(values.size() / 2), values.end());
-    return values[values.size() / 2];
+std::size_t Least(const std::vector<std::size_t>& values) {
+    return values.empty() ? 0 : *std::ranges::min_element(values);
 }
 
 } // namespace
@@ -26,7 +24,7 @@ void UsageByTenths::Sample(int tenth) {
 }
 
 Level UsageByTenths::Of(int tenth) const {
-    return { Middle(mMemory[std::size_t(tenth)]), Middle(mDescriptors[std::size_t(tenth)]) };
+    return { Least(mMemory[std::size_t(tenth)]), Least(mDescriptors[std::size_t(tenth)]) };
 }
 
 void UsageByTenths::Print() const {

@@ -18,7 +18,8 @@ constexpr int kTenths = 10;
     return wish && std::string_view(wish) == "1";
 }
 
-// The middle value of each, of all samples taken in one tenth of the run.
+// The least of each, of all samples taken in one tenth of the run: what a host holds at rest depends on where it has
+// been last, by some megabytes up and down, while a leak raises the least like everything else.
 struct Level {
     std::size_t memory = 0; // bytes
     std::size_t descriptors = 0;
@@ -39,7 +40,7 @@ public:
 
     // Fails the test unless the last tenth was on the level of the second: within 2 % of memory, from which
     // `grownBytes` that are accounted for are taken first, and within 4 descriptors. The first tenth is left for
-    // warming up.
+    // warming up, besides what the run did before it.
     void ExpectFlat(std::size_t grownBytes = 0) const;
 
 private:

@@ -71,12 +71,23 @@ void Walk::StartProgram() {
     BuiltInsTest::StartProgram();
 }
 
+void Walk::TakeStep() {
+    const Step& step = Choose(false);
+    (this->*step.take)();
+    ++mTaken[step.name];
+    ASSERT_FALSE(HasFailure() || !mHost->IsRunning())
+        << "in " << step.name << ", with ORVANE_WALK_SEED=" << mSeed;
+}
+
+void Walk::WarmUp(int steps) {
+    for (int i = 0; i < steps; ++i)
+        ASSERT_NO_FATAL_FAILURE(TakeStep()) << "at step " << i << " before the first";
+}
+
 void Walk::Take(int steps, int reconnectEvery) {
     const int sampleEvery = std::max(kLeastStepsToSample, steps / (kTenths * kMostSamplesInTenth));
     for (int i = 0; i < steps; ++i) {
-        const Step& step = Choose(false);
-        (this->*step.take)();
-        ++mTaken[step.name];
+        ASSERT_NO_FATAL_FAILURE(TakeStep()) << "at step " << i;
         if (reconnectEvery && (i + 1) % reconnectEvery == 0) Reconnect();
         if (i % sampleEvery == 0) {
             Rest();
@@ -86,9 +97,8 @@ void Walk::Take(int steps, int reconnectEvery) {
             std::fflush(stdout);
             SendSelect(); // nobody was current at rest
         }
-        ASSERT_FALSE(HasFailure() || !mHost->IsRunning())
-            << "at step " << i << ", " << step.name << ", with ORVANE_WALK_SEED=" << mSeed;
     }
+    ASSERT_FALSE(HasFailure());
     std::printf("%d steps with seed %u, %d reconnections; longest wait for a reply %.3f s\n", steps, mSeed,
                 mReconnections, mLongestReply);
     for (const auto& [name, times] : mTaken) std::printf("%6d %s\n", times, name.c_str());

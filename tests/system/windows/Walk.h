@@ -31,6 +31,9 @@ protected:
     // many. Ends at the first failure, and says where.
     void Take(int steps, int reconnectEvery = 0);
 
+    // Takes so many, without a look at what is in use.
+    void WarmUp(int steps);
+
     // Ends the host, and goes through all that it said: what was posted must have left its marks.
     void CloseTheBooks();
 
@@ -73,6 +76,7 @@ private:
     void DragCorner();
 
     const Step& Choose(bool whileDragging);
+    void TakeStep();
 
     std::uint32_t Below(std::uint32_t end) { return std::uint32_t(mRandom() % end); }
 
