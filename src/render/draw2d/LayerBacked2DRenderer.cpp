@@ -14,7 +14,7 @@ using Microsoft::WRL::ComPtr;
 LayerBacked2DRenderer::~LayerBacked2DRenderer() { // NOLINT(bugprone-exception-escape)
     const DrawingLock lock;
     if (mBitmap && !mAlphaOnly && IsTargetWell())
-        KeepSpareSurface({ mWidth, mHeight, mBitmap, mTarget, mFillBrush, mStrokeBrush });
+        KeepSpareSurface({ mBitmapWidth, mBitmapHeight, mBitmap, mTarget, mFillBrush, mStrokeBrush });
 }
 
 SurfaceStatus LayerBacked2DRenderer::InitializeSurface(std::uint32_t width, std::uint32_t height,
@@ -49,6 +49,8 @@ SurfaceStatus LayerBacked2DRenderer::MakeSurface(std::uint32_t width, std::uint3
         return kSurface_NoTextFactory;
     }
     mBitmap = std::move(bitmap);
+    mBitmapWidth = width;
+    mBitmapHeight = height;
     return kSurface_Success;
 }
 
@@ -57,6 +59,8 @@ bool LayerBacked2DRenderer::TakeSpare(std::uint32_t width, std::uint32_t height)
     if (!spare) return false;
     mWidth = width;
     mHeight = height;
+    mBitmapWidth = spare->width;
+    mBitmapHeight = spare->height;
     mBitmap = std::move(spare->bitmap);
     mTarget = std::move(spare->target);
     mFillBrush = std::move(spare->fillBrush);

@@ -26,6 +26,7 @@ private:
     bool TakeSpare(std::uint32_t width, std::uint32_t height);
 
     bool mAlphaOnly = false;
+    std::uint32_t mBitmapWidth = 0, mBitmapHeight = 0; // pixels; at least the surface's own
     Microsoft::WRL::ComPtr<IWICBitmap> mBitmap;
 };
 

@@ -12,6 +12,7 @@ namespace {
 using Microsoft::WRL::ComPtr;
 
 constexpr std::size_t kMostSpares = 6;
+constexpr std::uint64_t kMostTimesLarger = 4, kFitsNot = ~std::uint64_t(0);
 
 // Never released: at the end of the process the libraries may be gone before this program's variables are.
 std::vector<LayerSurface>& Spares() {
@@ -40,9 +41,14 @@ bool Clear(const LayerSurface& surface) {
 
 std::optional<LayerSurface> TakeSpareSurface(std::uint32_t width, std::uint32_t height) {
     auto& spares = Spares();
-    const auto found = std::ranges::find_if(
-        spares, [&](const LayerSurface& spare) { return spare.width == width && spare.height == height; });
-    if (found == spares.end()) return std::nullopt;
+    const auto excess = [&](const LayerSurface& spare) {
+        const std::uint64_t wanted = std::uint64_t(width) * height,
+                            area = std::uint64_t(spare.width) * spare.height;
+        const bool fits = spare.width >= width && spare.height >= height && area <= kMostTimesLarger * wanted;
+        return fits ? area - wanted : kFitsNot;
+    };
+    const auto found = std::ranges::min_element(spares, {}, excess);
+    if (found == spares.end() || excess(*found) == kFitsNot) return std::nullopt;
     LayerSurface surface = std::move(*found);
     spares.erase(found);
     if (!Clear(surface)) return std::nullopt;

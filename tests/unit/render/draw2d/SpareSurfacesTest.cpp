@@ -78,9 +78,46 @@ TEST_F(SpareSurfaces, OneThatIsStillInUseIsNobodyElses) {
     EXPECT_EQ(mMade, 2);
 }
 
-TEST_F(SpareSurfaces, AnotherSizeIsAnotherSurface) {
+TEST_F(SpareSurfaces, AnotherShapeIsAnotherSurface) {
     { const Surface surface(40, 24); }
     { const Surface turned(24, 40); }
+    EXPECT_EQ(mMade, 2);
+}
+
+// Of a larger one the upper left is used: all of its rows and columns, and no more of them.
+TEST_F(SpareSurfaces, ALargerOneServesAndShowsTheSizeAskedFor) {
+    Surface(40, 24).After([](IRenderer2D& canvas) { canvas.FillRectangle(kWhole); });
+    Surface smaller(30, 20);
+    EXPECT_EQ(mMade, 1);
+    EXPECT_TRUE(smaller.Read().IsAll(kClear));
+    const double lowerRight[4] = { 29, 19, 100, 100 };
+    const Picture picture = smaller.After([&](IRenderer2D& canvas) { canvas.FillRectangle(lowerRight); });
+    EXPECT_EQ(picture.width, 30);
+    EXPECT_EQ(picture.height, 20);
+    EXPECT_EQ(picture.At(29, 19), kWhite);
+    EXPECT_EQ(picture.At(28, 19), kClear);
+    EXPECT_EQ(picture.At(29, 18), kClear);
+}
+
+TEST_F(SpareSurfaces, ALargerOneIsStillItsOwnSizeBehindASmallerUse) {
+    { const Surface surface(40, 24); }
+    { const Surface smaller(30, 20); }
+    { const Surface surface(40, 24); }
+    EXPECT_EQ(mMade, 1);
+}
+
+TEST_F(SpareSurfaces, TheSmallestThatFitsIsTaken) {
+    { const Surface large(60, 40), small(40, 24); }
+    const Surface third(36, 24); // the smaller of the two
+    const Surface fourth(60, 40);
+    EXPECT_EQ(mMade, 2);
+}
+
+TEST_F(SpareSurfaces, OneOfMoreThanFourTimesThePixelsIsNotTaken) {
+    { const Surface surface(40, 40); }
+    { const Surface quarter(20, 20); }
+    EXPECT_EQ(mMade, 1);
+    { const Surface less(20, 19); }
     EXPECT_EQ(mMade, 2);
 }
 
@@ -95,15 +132,13 @@ TEST_F(SpareSurfaces, OneWithADrawingLeftOpenIsNotKept) {
 }
 
 TEST_F(SpareSurfaces, SixAreKeptAndTheOldestGoesFirst) {
-    for (std::uint32_t height = 1; height <= 7; ++height) {
-        const Surface surface(40, height);
-    }
+    // Each is wider and less high than the one before it, so that none stands in for another.
+    const auto make = [](std::uint32_t i) { const Surface surface(40 + i, 40 - i); };
+    for (std::uint32_t i = 0; i < 7; ++i) make(i);
     ASSERT_EQ(mMade, 7);
-    for (std::uint32_t height = 2; height <= 7; ++height) {
-        const Surface surface(40, height);
-    }
+    for (std::uint32_t i = 1; i < 7; ++i) make(i);
     EXPECT_EQ(mMade, 7);
-    { const Surface surface(40, 1); }
+    make(0);
     EXPECT_EQ(mMade, 8);
 }
 
