@@ -79,19 +79,14 @@ void Walk::TakeStep() {
         << "in " << step.name << ", with ORVANE_WALK_SEED=" << mSeed;
 }
 
-void Walk::WarmUp(int steps) {
-    for (int i = 0; i < steps; ++i)
-        ASSERT_NO_FATAL_FAILURE(TakeStep()) << "at step " << i << " before the first";
-}
-
-void Walk::Take(int steps, int reconnectEvery) {
+void Walk::Take(int steps, int reconnectEvery, int warmingUp) {
     const int sampleEvery = std::max(kLeastStepsToSample, steps / (kTenths * kMostSamplesInTenth));
-    for (int i = 0; i < steps; ++i) {
+    for (int i = -warmingUp; i < steps; ++i) {
         ASSERT_NO_FATAL_FAILURE(TakeStep()) << "at step " << i;
         if (reconnectEvery && (i + 1) % reconnectEvery == 0) Reconnect();
         if (i % sampleEvery == 0) {
             Rest();
-            mUsageByTenths->Sample(i * kTenths / steps);
+            if (i >= 0) mUsageByTenths->Sample(i * kTenths / steps);
             std::printf("step %d: %zu KiB, longest wait for a reply %.3f s\n", i,
                         mUsage->MemoryBytes() / 1024, mLongestReply);
             std::fflush(stdout);

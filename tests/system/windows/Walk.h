@@ -28,11 +28,9 @@ protected:
     void StartProgram() override; // with the module "counter" in a folder too
 
     // Takes so many steps, and with `reconnectEvery` above 0 lets the player leave and come again behind every so
-    // many. Ends at the first failure, and says where.
-    void Take(int steps, int reconnectEvery = 0);
-
-    // Takes so many, without a look at what is in use.
-    void WarmUp(int steps);
+    // many. In front of them come `warmingUp` steps that count for no tenth. Ends at the first failure, and says
+    // where.
+    void Take(int steps, int reconnectEvery = 0, int warmingUp = 0);
 
     // Ends the host, and goes through all that it said: what was posted must have left its marks.
     void CloseTheBooks();

@@ -21,22 +21,18 @@ int Length() {
 }
 
 // In front of a long walk: every kind of step has then been taken in most situations.
-constexpr int kWarmingUp = 2'000;
+int WarmingUp() {
+    return WantsLongForm() ? 2'000 : 0;
+}
 
 TEST_F(Walk, AnyOrderIsAnsweredLosesNothingAndTakesNothing) {
-    if (WantsLongForm()) {
-        ASSERT_NO_FATAL_FAILURE(WarmUp(kWarmingUp));
-    }
-    ASSERT_NO_FATAL_FAILURE(Take(Length()));
+    ASSERT_NO_FATAL_FAILURE(Take(Length(), 0, WarmingUp()));
     if (WantsLongForm()) mUsageByTenths->ExpectFlat();
     CloseTheBooks();
 }
 
 TEST_F(Walk, WithReconnectionsOnlyTheListGrows) {
-    if (WantsLongForm()) {
-        ASSERT_NO_FATAL_FAILURE(WarmUp(kWarmingUp));
-    }
-    ASSERT_NO_FATAL_FAILURE(Take(Length(), kReconnectEvery));
+    ASSERT_NO_FATAL_FAILURE(Take(Length(), kReconnectEvery, WarmingUp()));
     if (WantsLongForm())
         mUsageByTenths->ExpectFlat(std::size_t(mReconnections * kShareBetweenTenths * kScanBytes));
     CloseTheBooks();
