@@ -7,7 +7,7 @@ namespace orvane::render {
 
 class LayerBacked2DRenderer final : public WRenderer2D {
 public:
-    // The surface is kept for the next of its size (SpareSurfaces.h), unless a drawing was left open or failed.
+    // The surface is kept for one to come (SpareSurfaces.h), unless a drawing was left open or failed.
     ~LayerBacked2DRenderer() override;
 
     // Makes the surface, of that size in pixels and all zeroes, drawn on by the processor. Pixels are 32 bits,
@@ -22,7 +22,7 @@ public:
 private:
     SurfaceStatus MakeSurface(std::uint32_t width, std::uint32_t height, bool alphaOnly);
 
-    // Takes a surface of that size that was kept, if there is one.
+    // Takes a surface that was kept and is large enough, if there is one.
     bool TakeSpare(std::uint32_t width, std::uint32_t height);
 
     bool mAlphaOnly = false;

@@ -42,8 +42,8 @@ bool Clear(const LayerSurface& surface) {
 std::optional<LayerSurface> TakeSpareSurface(std::uint32_t width, std::uint32_t height) {
     auto& spares = Spares();
     const auto excess = [&](const LayerSurface& spare) {
-        const std::uint64_t wanted = std::uint64_t(width) * height,
-                            area = std::uint64_t(spare.width) * spare.height;
+        const std::uint64_t wanted = std::uint64_t(width) * height;
+        const std::uint64_t area = std::uint64_t(spare.width) * spare.height;
         const bool fits = spare.width >= width && spare.height >= height && area <= kMostTimesLarger * wanted;
         return fits ? area - wanted : kFitsNot;
     };

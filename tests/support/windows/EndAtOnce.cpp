@@ -1,15 +1,11 @@
 #include "support/windows/EndAtOnce.h"
 
-#include <windows.h>
+#include "support/windows/UnderWine.h"
 
 #include <cstdio>
 
 namespace orvane::tests {
 namespace {
-
-bool IsUnderWine() {
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 // Wine ends a process by libc's exit, which runs the exit handlers of the drivers on Linux' side while their
 // threads are gone: TerminateProcess goes the same way. Linux' own call leaves nothing behind to run.

@@ -1,5 +1,7 @@
 #include "support/windows/ProcessUse.h"
 
+#include "support/windows/UnderWine.h"
+
 #include <windows.h>
 
 #include <psapi.h>
@@ -12,10 +14,6 @@
 
 namespace orvane::tests {
 namespace {
-
-bool IsUnderWine() {
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 // Arguments of a process as Linux tells them: each ends in a zero.
 std::vector<std::string> ArgumentsOf(const std::string& process) {

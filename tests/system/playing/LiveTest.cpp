@@ -2,11 +2,9 @@
 // has its line to say, and with one the picture has something to follow. tools/with-sound-device makes one.
 #include "player/sound/windows/ComApartment.h"
 #include "player/sound/windows/WasapiDevice.h"
+#include "support/windows/SoundDevices.h"
 #include "system/playing/PlayingTest.h"
 #include "system/playing/WitnessHost.h"
-
-#include <mmdeviceapi.h>
-#include <wrl/client.h>
 
 #include <algorithm>
 #include <cmath>
@@ -15,19 +13,10 @@
 namespace orvane::tests {
 namespace {
 
-using Microsoft::WRL::ComPtr;
 using player::StereoFrame;
 
 constexpr std::size_t kWaveformAt = 13, kWaveformLength = 512; // the left channel's, in a pulse
 constexpr std::uint32_t kRate = 44100;
-
-bool HasDefaultDevice(EDataFlow flow) {
-    ComPtr<IMMDeviceEnumerator> devices;
-    ComPtr<IMMDevice> device;
-    return SUCCEEDED(
-               CoCreateInstance(__uuidof(MMDeviceEnumerator), nullptr, CLSCTX_ALL, IID_PPV_ARGS(&devices))) &&
-           SUCCEEDED(devices->GetDefaultAudioEndpoint(flow, eMultimedia, &device));
-}
 
 // From the lowest to the highest sample of a pulse's waveform, 8 bits each.
 int SwingOf(const std::string& pulse) {
@@ -75,6 +64,12 @@ protected:
         }));
     }
 
+    void ExpectRefusal(const char* line) {
+        const Played played = Finish(mPlayer);
+        EXPECT_EQ(played.exitCode, 6);
+        EXPECT_EQ(played.text, line);
+    }
+
     [[nodiscard]] Played End() {
         EXPECT_TRUE(mPlayer.Type("q"));
         return Finish(mPlayer);
@@ -88,12 +83,8 @@ protected:
 TEST_F(LiveTest, TheInputIsShownAsItIsRecorded) {
     ASSERT_TRUE(mHost.IsThere());
     ASSERT_NO_FATAL_FAILURE(Start(L"--live input"));
-    if (!HasDefaultDevice(eCapture)) {
-        const Played played = Finish(mPlayer);
-        EXPECT_EQ(played.exitCode, 6);
-        EXPECT_EQ(played.text, "There is no recording device. Connect one, or name a song to play.\n");
-        return;
-    }
+    if (!HasDefaultDevice(eCapture))
+        return ExpectRefusal("There is no recording device. Connect one, or name a song to play.\n");
     ASSERT_TRUE(WaitUntil([&] { return mHost.Pulses().size() > 30; })) << mPlayer.Text();
     const std::vector<std::string> before = mHost.Pulses();
     EXPECT_EQ(CountLouder(before, kQuiet), 0u);
@@ -114,13 +105,8 @@ TEST_F(LiveTest, TheInputIsShownAsItIsRecorded) {
 TEST_F(LiveTest, TheOutputIsShownOrElseSilence) {
     ASSERT_TRUE(mHost.IsThere());
     ASSERT_NO_FATAL_FAILURE(Start(L"--live"));
-    if (!HasDefaultDevice(eRender)) {
-        const Played played = Finish(mPlayer);
-        EXPECT_EQ(played.exitCode, 6);
-        EXPECT_EQ(played.text,
-                  "There is no sound device to listen to. Connect one, or name a song to play.\n");
-        return;
-    }
+    if (!HasDefaultDevice(eRender))
+        return ExpectRefusal("There is no sound device to listen to. Connect one, or name a song to play.\n");
     ASSERT_TRUE(WaitUntil([&] { return mHost.Pulses().size() > 30; })) << mPlayer.Text();
     const bool isDeaf = mPlayer.Text().find("This system hands out nothing of what it plays") == 0;
     const auto behind = [&](std::size_t count) {

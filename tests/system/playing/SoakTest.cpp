@@ -45,11 +45,6 @@ constexpr Key kKeys[] = {
     { false, "R" }, { false, "H" },     { false, "T" },
 };
 
-bool IsLong() {
-    const char* wish = std::getenv("ORVANE_SOAK");
-    return wish && std::string_view(wish) == "1";
-}
-
 unsigned Seed() {
     const char* wish = std::getenv("ORVANE_SEED");
     return wish ? unsigned(std::strtoul(wish, nullptr, 10)) : std::random_device()();
@@ -194,16 +189,16 @@ TEST_F(PlayingSoak, KeysAtRandomMissNoReplyAndTakeNothing) {
     ASSERT_NO_FATAL_FAILURE(Start());
     UsageByTenths usage(*mUsage);
     const auto now = [] { return std::chrono::steady_clock::now(); };
-    if (IsLong()) {
+    if (WantsLongForm()) {
         ASSERT_NO_FATAL_FAILURE(PressUntil(now() + kWarmingUp));
     }
-    const auto tenthLasts = milliseconds(IsLong() ? kLong : kShort) / kTenths;
+    const auto tenthLasts = milliseconds(WantsLongForm() ? kLong : kShort) / kTenths;
     for (int tenth = 0; tenth < kTenths; ++tenth) {
         ASSERT_NO_FATAL_FAILURE(PressUntil(now() + tenthLasts)) << tenth;
         ASSERT_NO_FATAL_FAILURE(Sample(usage, tenth)) << tenth;
     }
     usage.Print();
-    if (IsLong()) usage.ExpectFlat(); // half a minute is all warming up
+    if (WantsLongForm()) usage.ExpectFlat(); // half a minute is all warming up
     EXPECT_TRUE(BothRun());
     ExpectGoodEnd();
 }

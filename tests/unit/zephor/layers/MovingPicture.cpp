@@ -1,6 +1,7 @@
 #include "MovingPicture.h"
 
 #include "LayerPixels.h"
+#include "support/AcrossBuilds.h"
 
 #include <algorithm>
 
@@ -59,10 +60,9 @@ unsigned MovingPicture::Random() {
 }
 
 std::uint64_t MovingPicture::Checksum() const {
-    std::uint64_t hash = 0xcbf29ce484222325u;
-    for (const std::uint8_t pixel : LayerPixels(*mLayers.targetLayer).bytes)
-        hash = (hash ^ pixel) * 0x100000001b3u;
-    return hash;
+    tests::Checksum sum;
+    sum.Add(LayerPixels(*mLayers.targetLayer).bytes);
+    return sum.Get();
 }
 
 } // namespace orvane::tests

@@ -3,11 +3,9 @@
 #include "player/sound/windows/ComApartment.h"
 #include "player/sound/windows/WasapiCapture.h"
 #include "player/sound/windows/WasapiDevice.h"
+#include "support/windows/SoundDevices.h"
 
 #include <gtest/gtest.h>
-
-#include <mmdeviceapi.h>
-#include <wrl/client.h>
 
 #include <algorithm>
 #include <chrono>
@@ -16,18 +14,10 @@
 namespace orvane::player {
 namespace {
 
-using Microsoft::WRL::ComPtr;
+using tests::HasDefaultDevice;
 
 constexpr std::uint32_t kRate = 44100;
 constexpr std::chrono::seconds kPatience{ 30 };
-
-bool HasDefaultDevice(EDataFlow flow) {
-    ComPtr<IMMDeviceEnumerator> devices;
-    ComPtr<IMMDevice> device;
-    return SUCCEEDED(
-               CoCreateInstance(__uuidof(MMDeviceEnumerator), nullptr, CLSCTX_ALL, IID_PPV_ARGS(&devices))) &&
-           SUCCEEDED(devices->GetDefaultAudioEndpoint(flow, eMultimedia, &device));
-}
 
 template <typename Condition>
 bool WaitUntil(Condition holds) {
