@@ -13,7 +13,7 @@ target_compile_options(orvane-options INTERFACE
   -ffp-contract=off)
 
 if(ORVANE_SANITIZE)
-  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g1)
   if(ORVANE_FUZZERS)
     list(APPEND sanitizers -fsanitize=fuzzer-no-link)
   endif()

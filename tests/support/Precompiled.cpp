@@ -1,0 +1,1 @@
+// Only there so that Precompiled.h has a target that is compiled.
