@@ -41,6 +41,7 @@ ExitCode Session::Run() {
     if (Begin()) {
         Loop();
         const double played = mParts.clock.Now() - mBegan;
+        mShow.AwaitLastPulse(); // the summary counts its frame too
         mParts.console.Say(SummaryLine(played, mShow.Frames()));
     }
     mShow.End();

@@ -122,11 +122,13 @@ bool Show::StartAgain() {
     return BringUp();
 }
 
-// A host that is busy for too long isn't told: it is going in any case.
+void Show::AwaitLastPulse() {
+    if (IsWell() && mLink.PulseIsUnderWay()) (void)mLink.TakePulseReply(kLastPatience);
+}
+
+// A host that is still busy isn't told: it is going in any case.
 void Show::End() {
-    const bool isWell = mExit == kExitOk && mIsUp;
-    if (isWell && mLink.PulseIsUnderWay()) (void)mLink.TakePulseReply(kLastPatience);
-    if (isWell && !mLink.PulseIsUnderWay() && mLink.Stop()) (void)mLink.Hide();
+    if (IsWell() && !mLink.PulseIsUnderWay() && mLink.Stop()) (void)mLink.Hide();
     mHost.Close();
 }
 

@@ -55,12 +55,17 @@ public:
     // How many pulses were answered: each was a frame.
     [[nodiscard]] std::uint64_t Frames() const { return mLink.Frames(); }
 
+    // Waits somewhat longer for a pulse that is under way when all is to end, so that its frame counts.
+    void AwaitLastPulse();
+
     // Stops the track, hides the window and lets the host go.
     void End();
 
     [[nodiscard]] ExitCode Exit() const { return mExit; }
 
 private:
+    [[nodiscard]] bool IsWell() const { return mExit == kExitOk && mIsUp; }
+
     [[nodiscard]] bool Choose(std::string_view wish);
     [[nodiscard]] bool BringUp();
     [[nodiscard]] bool ShowAll();
