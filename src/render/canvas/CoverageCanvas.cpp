@@ -1,6 +1,6 @@
 #include "render/canvas/CoverageCanvas.h"
 
-#include "render/canvas/SegmentFill.h"
+#include "render/canvas/SegmentRows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,6 +11,9 @@ namespace orvane::render {
 namespace {
 
 constexpr int kRowAlignment = 16;
+
+// Coordinates beyond this are not drawn: their squares would leave the range of a double.
+constexpr double kFarthest = 1e100;
 
 // NaN is out of reach too.
 bool WithinReach(const double* values, int count) {
@@ -61,19 +64,28 @@ void CoverageCanvas::SetFillColor(double, double, double, double alpha) {
 
 void CoverageCanvas::DrawLines(const double segments[], int count, float width) {
     if (!(width > 0) || !(width <= kFarthest)) return;
-    for (int i = 0; i < count; ++i) {
-        const double* const segment = segments + std::size_t(i) * 4;
-        SegmentCorners corners;
-        if (!WithinReach(segment, 4) || !corners.Make(segment, width)) continue;
-        if (IsShortSegment(corners, width, mSurface)) {
-            FillRows(MakeSegmentRows(corners, mSurface, mStrokeOpacity255));
-            continue;
+    static const FillRowsForm sFillRows = FastestFillRows();
+    SegmentLot lot;
+    for (int i = 0; i < count; i += SegmentLot::kMost) {
+        const double* const first = segments + std::size_t(i) * 4;
+        const int taken = std::min(count - i, SegmentLot::kMost);
+        lot.Take(first, taken, width, mSurface);
+        // Each in its turn: a segment is to find what those before it drew.
+        for (int from = 0; from < taken; ++from) {
+            int to = from;
+            while (to < taken && lot.isShort[to]) ++to;
+            if (from < to) sFillRows(lot, from, to, mSurface, mStrokeOpacity255);
+            if (to < taken) DrawLongLine(first + to * 4, width);
+            from = to;
         }
-        mFiller.mInner.Clear();
-        mFiller.mOuter.Clear();
-        for (const Point corner : corners.corner) mFiller.mOuter.Add(corner);
-        mFiller.Fill(mSurface, mStrokeOpacity255);
     }
+}
+
+void CoverageCanvas::DrawLongLine(const double segment[4], double width) {
+    if (!WithinReach(segment, 4)) return;
+    MakeSegment(segment, width, mFiller.mOuter);
+    mFiller.mInner.Clear();
+    mFiller.Fill(mSurface, mStrokeOpacity255);
 }
 
 void CoverageCanvas::StrokeRectangle(const double rect[4]) {

@@ -51,6 +51,9 @@ public:
 private:
     CoverageCanvas() = default;
 
+    // One that is no SegmentLot's: long, wide or partly far away.
+    void DrawLongLine(const double segment[4], double width);
+
     std::unique_ptr<std::uint8_t[]> mPixels;
     std::size_t mByteCount = 0;
     CoverageSurface mSurface;

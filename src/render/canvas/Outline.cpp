@@ -175,6 +175,21 @@ void MakeRectangle(const Box& box, Outline& outline) {
     outline.Add({ box.left, box.bottom });
 }
 
+void MakeSegment(const double segment[4], double width, Outline& outline) {
+    outline.Clear();
+    const double across = segment[2] - segment[0];
+    const double down = segment[3] - segment[1];
+    const double length = std::sqrt(across * across + down * down);
+    if (!(length > 0)) return;
+    const double scale = width * 0.5 / length;
+    const double sideX = -down * scale; // half the width, to the right of one who walks along
+    const double sideY = across * scale;
+    outline.Add({ segment[0] - sideX, segment[1] - sideY });
+    outline.Add({ segment[2] - sideX, segment[3] - sideY });
+    outline.Add({ segment[2] + sideX, segment[3] + sideY });
+    outline.Add({ segment[0] + sideX, segment[1] + sideY });
+}
+
 void MakeEllipse(Point centre, double radiusX, double radiusY, Outline& outline) {
     constexpr double kTolerance = 1.0 / 128;
     outline.Clear();

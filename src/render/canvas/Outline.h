@@ -35,6 +35,10 @@ struct Outline {
 // The four sides of the box; nothing if it has no area.
 void MakeRectangle(const Box& box, Outline& outline);
 
+// The rectangle of that width around the segment from x, y to x, y, with flat ends. Nothing if the segment has no
+// length.
+void MakeSegment(const double segment[4], double width, Outline& outline);
+
 // The ellipse of the two radii, as a polygon of the same area that strays at most 1/192 pixel from it (as
 // long as kMostArcs suffice: up to a radius of some 6000 pixels). Nothing if a radius isn't above 0.
 void MakeEllipse(Point centre, double radiusX, double radiusY, Outline& outline);

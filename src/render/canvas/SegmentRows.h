@@ -1,52 +1,42 @@
-// The rows of a short segment, the innermost work of the canvas: a scalar form that reads like the definition
-// and a wide one that makes the same bytes.
+// The rows of short segments, the innermost work of the canvas: a scalar form that reads like the definition, and
+// wide ones that make the same bytes.
+//
+// Let A(x) be the area of the shape, within one row of pixels, to the right of the vertical line at x. Then pixel i is
+// covered by A(i) - A(i + 1). A is the sum of what lies right of x and left of an edge, over the edges on the right,
+// less the same for those on the left. Of an edge's piece within the row, which is `height` high, `extent` wide and
+// ends on the right at `end`, that is
+//
+//     height * (beyond - onPiece) + weight * onPiece * onPiece,   weight = height / (2 * extent),
+//
+// where `beyond` is how far the piece ends to the right of x, and `onPiece` is how much of its extent lies there: the
+// rectangle below what is beyond the whole piece, and the triangle or trapezoid below the part of it. All of it takes
+// single additions, multiplications, minima and maxima of floats, each rounded by itself; and since every x is a whole
+// number, the differences of x and `end` are exact in whichever steps they are made.
 #pragma once
 
 #include "render/canvas/Coverage.h"
+#include "render/canvas/SegmentLot.h"
 
 namespace orvane::render {
 
-// The four edges of a segment side by side, so that one vector holds a field of all of them, in this order:
-// left and right long edge, the edge of the upper and that of the lower end. In pixels from an origin on or
-// left of and above the shape.
-struct SegmentEdges {
-    static constexpr int kCount = 4;
+// Fills the lot's segments from `from` on before `to`, all of them short, one after the other.
+void FillRowsScalar(const SegmentLot& lot, int from, int to, const CoverageSurface& surface,
+                    float opacity255);
 
-    float top[kCount], bottom[kCount]; // y of the upper and the lower corner
-    float x[kCount];                   // of the upper corner
-    float slope[kCount];               // x per y
-    float run[kCount];                 // the same without its sign
-    float steepness[kCount];           // y per x without its sign
-    float sign[kCount];                // -1 left, 1 right
-};
+#ifdef __x86_64__
 
-struct SegmentRows {
-    SegmentEdges edges;
-    const CoverageSurface& surface;
-    int originX = 0, originY = 0;  // of the edges, on the surface
-    int firstRow = 0, lastRow = 0; // of the surface, the last one excluded; both within it
-    float opacity255 = 255;
+// Four rows at a time.
+void FillRowsSse2(const SegmentLot& lot, int from, int to, const CoverageSurface& surface, float opacity255);
+// Eight rows at a time, or eight columns of four. Only for processors that have AVX2.
+void FillRowsAvx2(const SegmentLot& lot, int from, int to, const CoverageSurface& surface, float opacity255);
 
-    // The columns of the surface, counted from the origin.
-    [[nodiscard]] int FirstColumn() const { return -originX; }
+[[nodiscard]] bool HasAvx2();
 
-    [[nodiscard]] int EndColumn() const { return surface.width - originX; }
+#endif
 
-    [[nodiscard]] std::uint8_t* Row(int y) const { return surface.Row(y) + originX; }
-};
-
-// Which rows of the surface the ends of a segment reach: the upper one those before `belowUpper`, the lower one those
-// from `lower` on. Between them, if there is anything between, both long edges cross the whole row.
-struct EndRows {
-    int belowUpper, lower;
-};
-
-[[nodiscard]] EndRows EndRowsOf(const SegmentRows& rows);
-
-void FillRowsScalar(const SegmentRows& rows);
-// In vectors of four. The scalar form where the processor family has no SSE2.
-void FillRowsWide(const SegmentRows& rows);
 // The fastest form that this processor can run.
-void FillRows(const SegmentRows& rows);
+using FillRowsForm = void (*)(const SegmentLot& lot, int from, int to, const CoverageSurface& surface,
+                              float opacity255);
+[[nodiscard]] FillRowsForm FastestFillRows();
 
 } // namespace orvane::render
