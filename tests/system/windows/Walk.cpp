@@ -206,10 +206,29 @@ bool Walk::IsBeingDragged() const {
     return GetGUIThreadInfo(mHost->MainThreadId(), &info) && (info.flags & GUI_INMOVESIZE);
 }
 
+// What a press of the mouse fell on, for when it wasn't heard.
+std::string Walk::UnderMouse() const {
+    POINT at = {};
+    GetCursorPos(&at);
+    HWND window = WindowFromPoint(at);
+    char name[64] = {};
+    GetClassNameA(window, name, sizeof(name));
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(mHost->MainThreadId(), &info);
+    char text[200];
+    std::snprintf(
+        text, sizeof(text),
+        "the mouse at %ld, %ld is over %p \"%s\", the host's are %p and %p; flags 0x%lX, capture %p", at.x,
+        at.y, static_cast<void*>(window), name, static_cast<void*>(mWindow), static_cast<void*>(mProxy),
+        info.flags, static_cast<void*>(info.hwndCapture));
+    return text;
+}
+
 void Walk::Drag(int x, int y) {
     MoveMouse(x, y);
     PressMouse();
-    EXPECT_TRUE(WaitUntil([&] { return IsBeingDragged() || !mHost->IsRunning(); }));
+    EXPECT_TRUE(WaitUntil([&] { return IsBeingDragged() || !mHost->IsRunning(); })) << UnderMouse();
     for (auto moves = 3 + Below(6); moves > 0; --moves) {
         x += int(Below(61)) - 30;
         y += int(Below(61)) - 30;

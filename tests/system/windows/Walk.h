@@ -98,6 +98,7 @@ private:
     void BringWindowToItsPlace();
     void Drag(int x, int y);
     [[nodiscard]] bool IsBeingDragged() const;
+    [[nodiscard]] std::string UnderMouse() const;
     void Rest(); // lets go of all that the host needs for drawing
 
     unsigned mSeed = 0;

@@ -71,7 +71,7 @@ std::span<const Walk::Step> Walk::Steps() {
         { 10, "reshape", &Walk::SendReshape, true },
         { 5, "unknown request", &Walk::SendUnknown, true },
         { 60, "character", &Walk::TypeCharacter, true },
-        { 40, "key", &Walk::PressKey, true },
+        { 40, "key", &Walk::PressKey, false }, // while a window is held, the platform takes the keys itself
         { 8, "Alt+Enter", &Walk::PressAltEnter, false },
         { 20, "system command", &Walk::CommandSystem, false },
         { 25, "size from outside", &Walk::SizeFromOutside, false },
