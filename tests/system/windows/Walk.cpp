@@ -168,6 +168,10 @@ std::string Walk::WaitForMainThread() {
 
 void Walk::PostSystemCommand(WPARAM command) {
     PostMessageW(mWindow, WM_SYSCOMMAND, command, 0);
+    ExpectSystemCommand(command);
+}
+
+void Walk::ExpectSystemCommand(WPARAM command) {
     ++mExpectedLines[command == SC_MINIMIZE   ? "OOPWindowProc:SYSTEMCOMMAND:SC_MINIMIZE\n"
                      : command == SC_MAXIMIZE ? "OOPWindowProc:SYSTEMCOMMAND:SC_MAXIMIZE\n"
                                               : "OOPWindowProc:SYSTEMCOMMAND:SC_RESTORE\n"];

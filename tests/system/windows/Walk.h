@@ -93,6 +93,7 @@ private:
     // Waits until the main thread has done all that it was given so far. What the host said since the last time.
     std::string WaitForMainThread();
     void PostSystemCommand(WPARAM command);
+    void ExpectSystemCommand(WPARAM command);
 
     void Reconnect();
     void BringWindowToItsPlace();

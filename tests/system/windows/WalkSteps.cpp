@@ -235,12 +235,16 @@ void Walk::PressKey() {
                                            : "Proxy::Control key down\n"];
 }
 
+// A window that is minimised is restored by the character besides: that is the platform's own doing.
 void Walk::PressAltEnter() {
     const HWND window = EitherWindow();
-    if (Below(2))
+    if (Below(2)) {
+        WaitForMainThread();
+        if (IsIconic(window)) ExpectSystemCommand(SC_RESTORE);
         PostMessageW(window, WM_SYSCHAR, '\r', kEnterWithAlt);
-    else
+    } else {
         PostMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, '\r');
+    }
 }
 
 void Walk::CommandSystem() {
