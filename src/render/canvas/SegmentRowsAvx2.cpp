@@ -8,8 +8,13 @@
 
 #    include <immintrin.h>
 
-#    pragma GCC push_options
-#    pragma GCC target("avx2")
+// All that follows is for processors with AVX2, the templates in the header among it.
+#    ifdef __clang__
+#        pragma clang attribute push(__attribute__((target("avx2"))), apply_to = function)
+#    else
+#        pragma GCC push_options
+#        pragma GCC target("avx2")
+#    endif
 #    define ORVANE_INLINE __attribute__((always_inline)) inline
 #    include "render/canvas/SegmentRowsWide.h"
 
@@ -130,7 +135,11 @@ void FillRowsAvx2(const SegmentLot& lot, int from, int to, const CoverageSurface
 
 } // namespace orvane::render
 
-#    pragma GCC pop_options
+#    ifdef __clang__
+#        pragma clang attribute pop
+#    else
+#        pragma GCC pop_options
+#    endif
 
 namespace orvane::render {
 
