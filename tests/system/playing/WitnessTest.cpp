@@ -112,12 +112,13 @@ TEST_F(WitnessTest, ObeysTheKeysOfATerminal) {
     EXPECT_GE(PositionOf(host.Pulses().back()), 10000u);
 }
 
-// This process in the console of another, until the object goes.
+// This process in the console of another, until the object goes. On a busy machine the other may be without one for a
+// while after it has begun.
 class BorrowedConsole {
 public:
     explicit BorrowedConsole(DWORD processId) {
         FreeConsole();
-        mAttached = AttachConsole(processId) != FALSE;
+        mAttached = WaitUntil([&] { return AttachConsole(processId) != FALSE; });
         SetConsoleCtrlHandler(nullptr, TRUE); // what is meant for the other must not end this one
     }
 
