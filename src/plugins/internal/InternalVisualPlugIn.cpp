@@ -64,6 +64,8 @@ std::uint64_t InternalVisualPlugIn::Pulse(const std::uint8_t* renderData, std::s
     return 0;
 }
 
+// KEEP: with no visualizer there is nobody to tell, and the line that says so stays in these words. Pinned by
+// InternalVisualPlugIn.WithoutAVisualizerEveryOperationHasItsLineOrNothing.
 void InternalVisualPlugIn::StartExternalVisualPlayback(const records::TrackParamObj* trackParam,
                                                        const records::AudioFormatBlock* audioFormat,
                                                        std::int32_t trackStartA, std::uint32_t trackStartB) {

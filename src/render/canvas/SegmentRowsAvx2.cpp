@@ -15,7 +15,6 @@
 #        pragma GCC push_options
 #        pragma GCC target("avx2")
 #    endif
-#    define ORVANE_INLINE __attribute__((always_inline)) inline
 #    include "render/canvas/SegmentRowsWide.h"
 
 namespace orvane::render {

@@ -7,7 +7,6 @@
 
 #    include <emmintrin.h>
 
-#    define ORVANE_INLINE __attribute__((always_inline)) inline
 #    include "render/canvas/SegmentRowsWide.h"
 
 namespace orvane::render {

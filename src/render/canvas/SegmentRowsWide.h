@@ -8,6 +8,9 @@
 #include <algorithm>
 #include <cstring>
 
+// Without it the compiler may call the small functions of a vector, which then have to pass through memory.
+#define ORVANE_INLINE __attribute__((always_inline)) inline
+
 namespace orvane::render {
 
 // V has kLanes, the types Floats (with + - *) and Ints, and the functions used here. A lane's row is its number modulo
@@ -24,9 +27,10 @@ public:
         const int firstRow = std::max(lot.firstRow[i], -lot.originY[i]);
         const int lastRow = std::min(lot.lastRow[i], surface.height - lot.originY[i]);
         const int steps = (lot.columns[i] + Blocks * kColumns - 1) / (Blocks * kColumns);
+        const bool descends = lot.slope[i] > 0; // to the right, so that the upper end is the left one
         for (int row = firstRow; row < lastRow; row += kRows) {
-            const bool upper = row<lot.belowUpper[i], lower = row + kRows> lot.lower[i];
-            const bool descends = lot.slope[i] > 0;
+            const bool upper = row < lot.belowUpper[i];
+            const bool lower = lot.lower[i] < row + kRows;
             const bool left = descends ? upper : lower, right = descends ? lower : upper;
             const RowBatch batch(lot, i, surface, row);
             if (left && right)

@@ -112,8 +112,8 @@ TEST_F(WitnessTest, ObeysTheKeysOfATerminal) {
     EXPECT_GE(PositionOf(host.Pulses().back()), 10000u);
 }
 
-// This process in the console of another, until the object goes. On a busy machine the other may be without one for a
-// while after it has begun.
+// This process in the console of another, until the object goes. Attaching to it may fail for a moment on a busy
+// machine, so it is tried for a while.
 class BorrowedConsole {
 public:
     explicit BorrowedConsole(DWORD processId) {

@@ -19,6 +19,7 @@ TEST_F(InternalVisualPlugIn, IsABuiltInWithoutAVisualizerAtFirst) {
     EXPECT_FALSE(mPlugIn->Window());
 }
 
+// Two of the lines say "not yet implemented": they are the host's own words for what is done by nobody, and stay.
 TEST_F(InternalVisualPlugIn, WithoutAVisualizerEveryOperationHasItsLineOrNothing) {
     const auto linesOf = [&](auto&& operation) {
         const LogCapture log;
